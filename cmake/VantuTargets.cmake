@@ -1,0 +1,39 @@
+# What every target of the project shares.
+
+if(VANTU_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Warnings are errors in our own code; headers of packages are system headers.
+function(vantu_target target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror)
+endfunction()
+
+# A target on Qt: the meta-object compiler, and no silent crossing between bytes and text.
+function(vantu_qt_target target)
+    vantu_target(${target})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(${target} PRIVATE
+        QT_DEPRECATED_WARNINGS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
+endfunction()
+
+# One Qt Test executable. Runs in an empty folder of its own, offscreen, so that tests can run side by side and
+# whatever a test writes under a relative name (the login file) is its own.
+#   vantu_qt_test(tst_name SOURCES file.cpp ... LIBRARIES library ... [DBUS])
+# DBUS gives the test a private session bus.
+function(vantu_qt_test name)
+    cmake_parse_arguments(TEST "DBUS" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${TEST_SOURCES})
+    vantu_qt_target(${name})
+    target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} Qt5::Test)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}.run)
+    file(MAKE_DIRECTORY ${folder})
+    if(TEST_DBUS)
+        add_test(NAME ${name} COMMAND dbus-run-session -- $<TARGET_FILE:${name}> WORKING_DIRECTORY ${folder})
+    else()
+        add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${folder})
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;ASAN_OPTIONS=detect_stack_use_after_return=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
