@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+/// Tells the game what the player did last: "QUIT" or "RESUMEGAME".
+///
+/// Blocks until the game has answered or the bus library's own time-out has passed (25 seconds for a game that
+/// hangs, and as long again when it does not even describe itself). Every failure is a line on the console and
+/// nothing more: the caller goes on whether or not the game has heard.
+void sendMessage(QString message);
+
+/// Takes the game's name on the session bus and answers the companion's calls there, through a ServiceHandler that
+/// lives for the process. Always returns 0, also without a bus or when somebody else owns the name.
+int registerService();
+
+/// Whether somebody owns the game's name on the session bus. False without a bus.
+bool isRunning();
+
+/// The game's end of the link: its slots are the methods that the game offers on the bus.
+class ServiceHandler : public QObject {
+    Q_OBJECT
+
+public slots:
+    /// Writes one debug line with @p message, whatever it holds. Answers without a value, so a caller that asks for
+    /// a string takes the reply for an error; that is how the two have always met. The spelling is the bus name.
+    void recive(const QString &message);
+};
