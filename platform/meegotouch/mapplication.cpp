@@ -1,0 +1,109 @@
+#include "mapplication.h"
+
+#include "mapplicationwindow.h"
+#include "mstyle.h"
+
+#include <QSocketNotifier>
+#include <QStyleFactory>
+#include <QTimer>
+
+#include <array>
+
+#include <errno.h>
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::array<int, 3> endingSignals = {SIGTERM, SIGINT, SIGHUP};
+
+// A signal handler may do little more than write a byte; the event loop reads it at the other end.
+int signalPipe[2] = {-1, -1};
+
+void onSignal(int)
+{
+    const int savedErrno = errno;
+    const char byte = 0;
+    [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
+    errno = savedErrno;
+}
+
+// These are read while the base class is being constructed.
+int &prepared(int &argc)
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    return argc;
+}
+
+} // namespace
+
+class MApplication::UnixSignals {
+public:
+    UnixSignals()
+    {
+        if (pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0)
+            return;
+        m_notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
+        QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] {
+            char bytes[16];
+            while (read(signalPipe[0], bytes, sizeof bytes) > 0) { }
+            // A quit() inside a nested loop that runs before exec() would be forgotten: it is said until it is heard.
+            m_again.start(20);
+            QCoreApplication::quit();
+        });
+        QObject::connect(&m_again, &QTimer::timeout, qApp, &QCoreApplication::quit);
+
+        struct sigaction action = {};
+        action.sa_handler = onSignal;
+        action.sa_flags = SA_RESTART;
+        sigemptyset(&action.sa_mask);
+        for (size_t i = 0; i < endingSignals.size(); ++i)
+            sigaction(endingSignals[i], &action, &m_before[i]);
+    }
+
+    ~UnixSignals()
+    {
+        if (!m_notifier)
+            return;
+        for (size_t i = 0; i < endingSignals.size(); ++i)
+            sigaction(endingSignals[i], &m_before[i], nullptr);
+        m_notifier.reset();
+        for (int &end : signalPipe)
+            close(std::exchange(end, -1));
+    }
+
+private:
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QTimer m_again;
+    std::array<struct sigaction, endingSignals.size()> m_before = {};
+};
+
+MApplication::MApplication(int &argc, char **argv)
+    : QApplication(prepared(argc), argv)
+    , m_unixSignals(std::make_unique<UnixSignals>())
+{
+    // The widgets bring their own look; what they leave to Qt (text cursors, the form fields of web pages) must not
+    // turn dark or odd with the desktop's theme.
+    setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    setPalette(style()->standardPalette());
+    QFont textFont = font();
+    textFont.setPixelSize(MStyle::fontPixelSize);
+    setFont(textFont);
+}
+
+MApplication::~MApplication() = default;
+
+MApplication *MApplication::instance()
+{
+    return qobject_cast<MApplication *>(QCoreApplication::instance());
+}
+
+MApplicationWindow *MApplication::activeApplicationWindow()
+{
+    if (auto *active = qobject_cast<MApplicationWindow *>(activeWindow()))
+        return active;
+    return MApplicationWindow::latest();
+}

@@ -1,0 +1,146 @@
+#include "mapplicationwindow.h"
+
+#include "mapplicationpage.h"
+#include "mstyle.h"
+
+#include <QGraphicsScene>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QStyle>
+
+namespace {
+QVector<MApplicationWindow *> allWindows;
+}
+
+MApplicationWindow::MApplicationWindow(QWidget *parent)
+    : QGraphicsView(parent)
+    , m_scene(std::make_unique<QGraphicsScene>())
+{
+    allWindows.append(this);
+
+    // A few dozen items, some of them always moving: an index would cost more than it finds.
+    m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+    m_scene->setSceneRect(QRectF(QPointF(0, 0), sceneSize()));
+    setScene(m_scene.get());
+
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAlignment(Qt::AlignCenter);
+    setBackgroundBrush(Qt::black);
+    setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
+    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+
+    setMinimumSize(sceneSize() / 3);
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    resize(openingSize(sceneSize(), screen()->availableSize() - QSize(0, titleBar)));
+}
+
+MApplicationWindow::~MApplicationWindow()
+{
+    m_closing = true;
+    while (!m_onDisplay.isEmpty())
+        m_onDisplay.last()->dismiss();
+    // The scene destroys what it holds; what others own goes back to them.
+    const auto items = m_scene->items();
+    for (QGraphicsItem *item : items) {
+        auto *sceneWindow = qobject_cast<MSceneWindow *>(item->toGraphicsObject());
+        if (sceneWindow && sceneWindow->isKept())
+            m_scene->removeItem(sceneWindow);
+    }
+    allWindows.removeOne(this);
+}
+
+MApplicationPage *MApplicationWindow::currentPage() const
+{
+    for (auto it = m_onDisplay.rbegin(); it != m_onDisplay.rend(); ++it) {
+        if (auto *page = qobject_cast<MApplicationPage *>(*it))
+            return page;
+    }
+    return nullptr;
+}
+
+QSize MApplicationWindow::sceneSize() const
+{
+    return m_orientation == M::Portrait ? MStyle::portraitSceneSize : MStyle::landscapeSceneSize;
+}
+
+QSize MApplicationWindow::openingSize(const QSize &scene, const QSize &available)
+{
+    return scene == scene.boundedTo(available) ? scene : scene.scaled(available, Qt::KeepAspectRatio);
+}
+
+void MApplicationWindow::resizeEvent(QResizeEvent *event)
+{
+    QGraphicsView::resizeEvent(event);
+    fitScene();
+}
+
+void MApplicationWindow::keyPressEvent(QKeyEvent *event)
+{
+    forwardKey(event);
+    if (!event->isAccepted())
+        QGraphicsView::keyPressEvent(event);
+}
+
+void MApplicationWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    forwardKey(event);
+    if (!event->isAccepted())
+        QGraphicsView::keyReleaseEvent(event);
+}
+
+MApplicationWindow *MApplicationWindow::latest()
+{
+    return allWindows.isEmpty() ? nullptr : allWindows.last();
+}
+
+void MApplicationWindow::setOrientation(M::Orientation orientation)
+{
+    if (m_orientationLocked || orientation == m_orientation)
+        return;
+    m_orientation = orientation;
+    const QRectF area(QPointF(0, 0), sceneSize());
+    m_scene->setSceneRect(area);
+    for (MSceneWindow *sceneWindow : qAsConst(m_onDisplay))
+        sceneWindow->setGeometry(area);
+    setMinimumSize(sceneSize() / 3);
+    resize(size().transposed());
+    fitScene();
+}
+
+void MApplicationWindow::fitScene()
+{
+    const QSizeF scene = sceneSize();
+    const qreal scale = qMin(viewport()->width() / scene.width(), viewport()->height() / scene.height());
+    setTransform(QTransform::fromScale(scale, scale));
+}
+
+// With the focus on an item, Qt's own way is the right one.
+void MApplicationWindow::forwardKey(QKeyEvent *event)
+{
+    event->ignore();
+    if (m_scene->focusItem() || m_onDisplay.isEmpty())
+        return;
+    event->accept();
+    m_scene->sendEvent(m_onDisplay.last(), event);
+}
+
+bool MApplicationWindow::take(MSceneWindow *sceneWindow)
+{
+    if (m_closing)
+        return false;
+    if (sceneWindow->scene() != m_scene.get())
+        m_scene->addItem(sceneWindow);
+    m_onDisplay.append(sceneWindow);
+    sceneWindow->setZValue(++m_topmost);
+    sceneWindow->setGeometry(QRectF(QPointF(0, 0), sceneSize()));
+    return true;
+}
+
+void MApplicationWindow::release(MSceneWindow *sceneWindow)
+{
+    m_onDisplay.removeOne(sceneWindow);
+}

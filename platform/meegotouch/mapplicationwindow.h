@@ -1,0 +1,68 @@
+#pragma once
+
+#include "mnamespace.h"
+
+#include <QGraphicsView>
+#include <QVector>
+
+#include <memory>
+
+class MApplicationPage;
+class MSceneWindow;
+
+/// The window of an application: shows one scene of a phone's size, whatever the size of the window.
+///
+/// It opens with one scene pixel a screen pixel, or smaller where the screen is; resized, it scales the scene with its
+/// aspect kept, centred on black. Key presses that no item of the scene has the focus for go to the topmost scene
+/// window. A destroyed window dismisses what it shows, and destroys only the scene windows that are not kept by their
+/// owners (MSceneWindow::DeletionPolicy).
+class MApplicationWindow : public QGraphicsView {
+    Q_OBJECT
+
+public:
+    explicit MApplicationWindow(QWidget *parent = nullptr);
+    ~MApplicationWindow() override;
+
+    /// A locked window stays as it is held.
+    void setPortraitOrientation() { setOrientation(M::Portrait); }
+    void setLandscapeOrientation() { setOrientation(M::Landscape); }
+    M::Orientation orientation() const { return m_orientation; }
+
+    void setOrientationLocked(bool locked) { m_orientationLocked = locked; }
+    bool isOrientationLocked() const { return m_orientationLocked; }
+
+    /// The page on display, the topmost if there are several; null if there is none.
+    MApplicationPage *currentPage() const;
+
+    /// The scene in scene pixels: 480 x 814 in portrait.
+    QSize sceneSize() const;
+
+    /// The size of a window that shows a scene of \a scene pixels one to one if that fits into \a available, and
+    /// otherwise the largest of the same aspect that does.
+    static QSize openingSize(const QSize &scene, const QSize &available);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    friend class MApplication;
+    friend class MSceneWindow;
+
+    static MApplicationWindow *latest();
+
+    void setOrientation(M::Orientation orientation);
+    void fitScene();
+    void forwardKey(QKeyEvent *event);
+
+    bool take(MSceneWindow *sceneWindow);
+    void release(MSceneWindow *sceneWindow);
+
+    std::unique_ptr<QGraphicsScene> m_scene;
+    QVector<MSceneWindow *> m_onDisplay;
+    M::Orientation m_orientation = M::Portrait;
+    bool m_orientationLocked = false;
+    bool m_closing = false;
+    qreal m_topmost = 0;
+};

@@ -1,0 +1,170 @@
+#include "mfingergestures.h"
+
+#include "mstyle.h"
+
+#include <QApplication>
+#include <QGesture>
+#include <QGestureRecognizer>
+#include <QGraphicsObject>
+#include <QGraphicsSceneMouseEvent>
+#include <QTouchEvent>
+
+#include <optional>
+
+namespace {
+
+enum class Phase { Down, Move, Up, Cancel };
+
+struct Finger {
+    Phase phase;
+    QPointF position; // on the screen
+};
+
+std::optional<Finger> fingerOf(const QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::GraphicsSceneMousePress:
+    case QEvent::GraphicsSceneMouseDoubleClick:
+    case QEvent::GraphicsSceneMouseMove:
+    case QEvent::GraphicsSceneMouseRelease: {
+        const auto *mouse = static_cast<const QGraphicsSceneMouseEvent *>(event);
+        const bool left = event->type() == QEvent::GraphicsSceneMouseMove ? mouse->buttons() == Qt::LeftButton
+                                                                          : mouse->button() == Qt::LeftButton;
+        if (!left)
+            return std::nullopt;
+        const Phase phase = event->type() == QEvent::GraphicsSceneMouseMove ? Phase::Move
+            : event->type() == QEvent::GraphicsSceneMouseRelease            ? Phase::Up
+                                                                            : Phase::Down;
+        return Finger{phase, mouse->screenPos()};
+    }
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd: {
+        const auto *touch = static_cast<const QTouchEvent *>(event);
+        if (touch->touchPoints().size() != 1)
+            return Finger{Phase::Cancel, {}};
+        const Phase phase = event->type() == QEvent::TouchBegin ? Phase::Down
+            : event->type() == QEvent::TouchEnd                 ? Phase::Up
+                                                                : Phase::Move;
+        return Finger{phase, touch->touchPoints().first().screenPos()};
+    }
+    case QEvent::TouchCancel:
+    case QEvent::UngrabMouse:
+        return Finger{Phase::Cancel, {}};
+    default:
+        return std::nullopt;
+    }
+}
+
+bool isFar(const QPointF &offset)
+{
+    return offset.manhattanLength() > MStyle::dragThreshold;
+}
+
+// The start of a touch or press, kept with the gesture that it may become.
+void setStart(QGesture *gesture, const std::optional<QPointF> &start)
+{
+    gesture->setProperty("start", start ? QVariant(*start) : QVariant());
+}
+
+std::optional<QPointF> startOf(const QGesture *gesture)
+{
+    const QVariant start = gesture->property("start");
+    return start.isValid() ? std::optional(start.toPointF()) : std::nullopt;
+}
+
+class TapRecognizer : public QGestureRecognizer {
+public:
+    QGesture *create(QObject *) override { return new QTapGesture; }
+
+    Result recognize(QGesture *gesture, QObject *watched, QEvent *event) override
+    {
+        const auto finger = fingerOf(event);
+        // The viewport watches too, on behalf of the scene; what it sees comes again to the item that it is for.
+        if (!finger || watched->isWidgetType())
+            return Ignore;
+        const auto start = startOf(gesture);
+        switch (finger->phase) {
+        case Phase::Down:
+            setStart(gesture, finger->position);
+            return MayBeGesture;
+        case Phase::Move:
+            if (!start)
+                return Ignore;
+            return isFar(finger->position - *start) ? CancelGesture : MayBeGesture;
+        case Phase::Up:
+            if (!start || isFar(finger->position - *start))
+                return CancelGesture;
+            gesture->setHotSpot(*start);
+            static_cast<QTapGesture *>(gesture)->setPosition(*start);
+            return FinishGesture;
+        case Phase::Cancel:
+            break;
+        }
+        return CancelGesture;
+    }
+
+    void reset(QGesture *gesture) override
+    {
+        setStart(gesture, std::nullopt);
+        QGestureRecognizer::reset(gesture);
+    }
+};
+
+class PanRecognizer : public QGestureRecognizer {
+public:
+    QGesture *create(QObject *) override { return new QPanGesture; }
+
+    Result recognize(QGesture *gesture, QObject *watched, QEvent *event) override
+    {
+        const auto finger = fingerOf(event);
+        if (!finger || watched->isWidgetType())
+            return Ignore;
+        auto *pan = static_cast<QPanGesture *>(gesture);
+        const auto start = startOf(gesture);
+        const bool panning = pan->state() == Qt::GestureStarted || pan->state() == Qt::GestureUpdated;
+        switch (finger->phase) {
+        case Phase::Down:
+            setStart(gesture, finger->position);
+            return MayBeGesture;
+        case Phase::Move:
+            if (!start)
+                return Ignore;
+            if (!panning && !isFar(finger->position - *start))
+                return MayBeGesture;
+            gesture->setHotSpot(*start);
+            pan->setLastOffset(pan->offset());
+            pan->setOffset(finger->position - *start);
+            return TriggerGesture;
+        case Phase::Up:
+            return panning ? FinishGesture : CancelGesture;
+        case Phase::Cancel:
+            break;
+        }
+        return CancelGesture;
+    }
+
+    void reset(QGesture *gesture) override
+    {
+        auto *pan = static_cast<QPanGesture *>(gesture);
+        pan->setLastOffset({});
+        pan->setOffset({});
+        setStart(gesture, std::nullopt);
+        QGestureRecognizer::reset(gesture);
+    }
+};
+
+} // namespace
+
+void MFingerGestures::install()
+{
+    // Once for each application object: the recognisers go with it.
+    constexpr char mark[] = "MFingerGestures";
+    if (!qApp || qApp->property(mark).toBool())
+        return;
+    qApp->setProperty(mark, true);
+    QGestureRecognizer::unregisterRecognizer(Qt::TapGesture);
+    QGestureRecognizer::registerRecognizer(new TapRecognizer);
+    QGestureRecognizer::unregisterRecognizer(Qt::PanGesture);
+    QGestureRecognizer::registerRecognizer(new PanRecognizer);
+}

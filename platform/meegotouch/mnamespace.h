@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFlags>
+
+/// The enumerations that several classes share.
+namespace M {
+
+/// How a window is held.
+enum Orientation { Landscape, Portrait };
+
+/// The buttons that a dialog can make by itself.
+enum StandardButton {
+    NoStandardButton = 0x0,
+    OkButton = 0x1,
+    CancelButton = 0x2,
+};
+Q_DECLARE_FLAGS(StandardButtons, StandardButton)
+Q_DECLARE_OPERATORS_FOR_FLAGS(M::StandardButtons)
+
+/// What a text field is for: chooses the keys that a software keyboard offers, refuses nothing that is typed.
+enum TextContentType {
+    FreeTextContentType,
+    NumberContentType,
+    PhoneNumberContentType,
+    EmailContentType,
+    UrlContentType,
+};
+
+} // namespace M

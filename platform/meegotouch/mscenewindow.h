@@ -1,0 +1,76 @@
+#pragma once
+
+#include "mwidget.h"
+
+#include <QPointer>
+#include <QPropertyAnimation>
+
+class MApplicationWindow;
+
+/// Something that appears in an MApplicationWindow and fills it: a page, a dialog.
+///
+/// It may live on the stack or as a member, be destroyed before or after the window, on display or not, and from
+/// within its own signals.
+class MSceneWindow : public MWidget {
+    Q_OBJECT
+
+public:
+    /// What becomes of a scene window that has left the display.
+    enum DeletionPolicy {
+        KeepWhenDone, ///< It belongs to somebody else, who may let it appear again; nothing here ever destroys it.
+        DestroyWhenDone, ///< It is destroyed by the event loop after it left in any way, or with its window.
+        DestroyWhenDismissed, ///< It is destroyed by the event loop after dismiss(), or with its window.
+    };
+
+    explicit MSceneWindow(QGraphicsItem *parent = nullptr);
+    ~MSceneWindow() override;
+
+    /// Shows it on top of everything in \a window. On display already, only the policy changes. With no window there
+    /// is nothing to show: the policy is carried out as if it had been dismissed.
+    void appear(MApplicationWindow *window, DeletionPolicy policy = KeepWhenDone);
+
+    /// The same in the active window (MApplication::activeApplicationWindow()).
+    void appear(DeletionPolicy policy = KeepWhenDone);
+
+    /// Whether it has appeared and not left yet.
+    bool isOnDisplay() const { return m_onDisplay; }
+
+    /// The window that it appeared in last; null before that, and when the window is gone.
+    MApplicationWindow *applicationWindow() const;
+
+    /// Whether KeepWhenDone holds.
+    bool isKept() const { return m_policy == KeepWhenDone; }
+
+public slots:
+    /// Takes it off the display for a while.
+    void disappear();
+
+    /// Takes it off the display for good.
+    void dismiss();
+
+signals:
+    /// It is fully visible.
+    void appeared();
+    /// It is off the display.
+    void disappeared();
+
+protected:
+    /// Called when it is on display, before it is painted for the first time.
+    virtual void entering() { }
+    /// Called while it is still on display, when it is about to leave. May leave by itself.
+    virtual void leaving() { }
+    /// Called when it is off the display, before disappeared().
+    virtual void left() { }
+
+    /// How long it fades in, in milliseconds; 0, the default, to be there at once.
+    void setFadeDuration(int milliseconds) { m_fade.setDuration(milliseconds); }
+
+private:
+    void leave(bool dismissed);
+    void destroySoon();
+
+    QPointer<MApplicationWindow> m_window;
+    QPropertyAnimation m_fade;
+    DeletionPolicy m_policy = KeepWhenDone;
+    bool m_onDisplay = false;
+};

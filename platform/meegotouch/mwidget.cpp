@@ -1,0 +1,29 @@
+#include "mwidget.h"
+
+#include <QGestureEvent>
+
+class MGestureFilter : public QObject {
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::Gesture)
+            return false;
+        static_cast<MWidget *>(watched)->gestureEvent(static_cast<QGestureEvent *>(event));
+        return true;
+    }
+};
+
+namespace {
+Q_GLOBAL_STATIC(MGestureFilter, gestureFilter)
+}
+
+MWidget::MWidget(QGraphicsItem *parent)
+    : QGraphicsWidget(parent)
+{
+    installEventFilter(gestureFilter);
+}
+
+void MWidget::gestureEvent(QGestureEvent *event)
+{
+    event->ignore();
+}
