@@ -1,0 +1,304 @@
+#include "mbutton.h"
+
+#include "mbuttongroup.h"
+#include "mwidgetstyle.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <QFontMetricsF>
+#include <QGraphicsPathItem>
+#include <QGraphicsSceneMouseEvent>
+#include <QKeyEvent>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPen>
+
+const QString MButton::defaultType = QStringLiteral("default");
+const QString MButton::iconType = QStringLiteral("icon");
+
+MButton::MButton(QGraphicsItem *parent, MButtonModel *)
+    : MWidget(parent)
+{
+    init();
+}
+
+MButton::MButton(const QString &text, QGraphicsItem *parent)
+    : MWidget(parent)
+    , m_text(text)
+{
+    init();
+}
+
+MButton::~MButton()
+{
+    if (m_group)
+        m_group->removeButton(this);
+}
+
+void MButton::init()
+{
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setFocusPolicy(Qt::TabFocus);
+    QFont textFont = font();
+    textFont.setPixelSize(MStyle::buttonTextSize);
+    textFont.setBold(true);
+    setFont(textFont);
+}
+
+void MButton::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    updateGeometry();
+    update();
+}
+
+void MButton::setDown(bool down)
+{
+    if (down == m_down)
+        return;
+    m_down = down;
+    update();
+}
+
+void MButton::setCheckable(bool checkable)
+{
+    if (!checkable)
+        setChecked(false);
+    m_checkable = checkable;
+}
+
+void MButton::setChecked(bool checked)
+{
+    if (!m_checkable || checked == m_checked)
+        return;
+    m_checked = checked;
+    update();
+    const QPointer<MButton> self(this);
+    if (m_checked && m_group)
+        m_group->uncheckOthers(this);
+    if (self)
+        emit toggled(m_checked);
+}
+
+void MButton::setViewType(const QString &type)
+{
+    m_viewType = type;
+    update();
+}
+
+/// The checked button of an exclusive group cannot be unchecked by the user.
+bool MButton::staysChecked() const
+{
+    return m_checked && m_group && m_group->isExclusive();
+}
+
+void MButton::press()
+{
+    setDown(true);
+    emit pressed();
+}
+
+void MButton::cancelPress()
+{
+    m_mousePressed = false;
+    m_keyPressed = false;
+    if (!m_down)
+        return;
+    setDown(false);
+    emit released();
+}
+
+void MButton::click()
+{
+    if (!isEnabled())
+        return;
+    const QPointer<MButton> self(this);
+    m_mousePressed = false;
+    m_keyPressed = false;
+    setDown(false);
+    if (!staysChecked())
+        setChecked(!m_checked);
+    if (self)
+        emit released();
+    if (self)
+        emit clicked(m_checked);
+}
+
+void MButton::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    event->accept();
+    m_mousePressed = true;
+    press();
+}
+
+void MButton::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    const bool inside = rect().contains(event->pos());
+    if (!m_mousePressed || inside == m_down)
+        return;
+    if (inside) {
+        press();
+    } else {
+        setDown(false);
+        emit released();
+    }
+}
+
+void MButton::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (m_mousePressed && m_down && rect().contains(event->pos()))
+        click();
+    else
+        cancelPress();
+}
+
+void MButton::ungrabMouseEvent(QEvent *event)
+{
+    MWidget::ungrabMouseEvent(event);
+    if (m_mousePressed)
+        cancelPress();
+}
+
+void MButton::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn && event->key() != Qt::Key_Space) {
+        MWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (event->isAutoRepeat())
+        return;
+    showFocusRing(true);
+    if (isReturn) {
+        click();
+    } else {
+        m_keyPressed = true;
+        press();
+    }
+}
+
+void MButton::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space) {
+        MWidget::keyReleaseEvent(event);
+        return;
+    }
+    event->accept();
+    if (m_keyPressed && !event->isAutoRepeat())
+        click();
+}
+
+void MButton::focusInEvent(QFocusEvent *event)
+{
+    MWidget::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
+        showFocusRing(true);
+}
+
+void MButton::focusOutEvent(QFocusEvent *event)
+{
+    MWidget::focusOutEvent(event);
+    showFocusRing(false);
+    if (m_keyPressed)
+        cancelPress();
+}
+
+void MButton::changeEvent(QEvent *event)
+{
+    MWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        updateGeometry();
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        cancelPress();
+    update();
+}
+
+void MButton::resizeEvent(QGraphicsSceneResizeEvent *event)
+{
+    MWidget::resizeEvent(event);
+    if (m_focusRing)
+        showFocusRing(true);
+}
+
+/// An item of its own, since subclasses that draw themselves know nothing of it.
+void MButton::showFocusRing(bool shown)
+{
+    if (!shown) {
+        delete m_focusRing;
+        m_focusRing = nullptr;
+        return;
+    }
+    if (!m_focusRing) {
+        m_focusRing = new QGraphicsPathItem(this);
+        m_focusRing->setAcceptedMouseButtons(Qt::NoButton);
+        m_focusRing->setPen(QPen(MStyle::accent, MStyle::focusRingWidth));
+    }
+    const qreal inset = MStyle::focusRingWidth / 2;
+    QPainterPath path;
+    path.addRoundedRect(rect().adjusted(inset, inset, -inset, -inset), MStyle::buttonRadius, MStyle::buttonRadius);
+    m_focusRing->setPath(path);
+}
+
+QSizeF MButton::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
+{
+    if (which == Qt::MinimumSize)
+        return QSizeF(0, 0);
+    if (which != Qt::PreferredSize)
+        return MWidget::sizeHint(which, constraint);
+    const qreal textWidth = QFontMetricsF(font()).horizontalAdvance(m_text);
+    return QSizeF(qMax(MStyle::buttonMinimumWidth, textWidth + 2 * MStyle::buttonTextMargin), MStyle::buttonHeight);
+}
+
+void MButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled())
+        painter->setOpacity(painter->opacity() * MStyle::disabledOpacity);
+    if (m_viewType != iconType)
+        drawFrame(painter);
+    drawText(painter);
+    painter->restore();
+}
+
+void MButton::drawFrame(QPainter *painter) const
+{
+    const QRectF frame = rect().adjusted(0.5, 0.5, -0.5, -0.5);
+    QLinearGradient glass(frame.topLeft(), frame.bottomLeft());
+    if (m_down) {
+        glass.setColorAt(0, MStyle::buttonDownTop);
+        glass.setColorAt(1, MStyle::buttonDownBottom);
+    } else if (m_checked) {
+        glass.setColorAt(0, MStyle::buttonCheckedTop);
+        glass.setColorAt(1, MStyle::buttonCheckedBottom);
+    } else {
+        glass.setColorAt(0, MStyle::buttonTop);
+        glass.setColorAt(0.5, MStyle::buttonMiddle);
+        glass.setColorAt(1, MStyle::buttonBottom);
+    }
+    painter->setPen(QPen(MStyle::buttonBorder, 1));
+    painter->setBrush(glass);
+    painter->drawRoundedRect(frame, MStyle::buttonRadius, MStyle::buttonRadius);
+    if (!m_down) {
+        const qreal inset = MStyle::buttonRadius;
+        painter->setPen(QPen(MStyle::buttonSheen, 1));
+        painter->drawLine(frame.topLeft() + QPointF(inset, 1), frame.topRight() + QPointF(-inset, 1));
+    }
+}
+
+void MButton::drawText(QPainter *painter) const
+{
+    const QRectF area = rect().adjusted(MStyle::buttonTextMargin, 0, -MStyle::buttonTextMargin, 0);
+    QFont textFont = font();
+    while (textFont.pixelSize() > MStyle::buttonSmallestTextSize
+           && QFontMetricsF(textFont).horizontalAdvance(m_text) > area.width())
+        textFont.setPixelSize(textFont.pixelSize() - 1);
+    painter->setFont(textFont);
+    painter->setPen(MStyle::buttonText);
+    const QString shown = QFontMetricsF(textFont).elidedText(m_text, Qt::ElideRight, area.width());
+    painter->drawText(area, Qt::AlignCenter | Qt::TextSingleLine, shown);
+}

@@ -1,0 +1,168 @@
+#include "mlabel.h"
+
+#include "mwidgetstyle.h"
+
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextLayout>
+
+namespace {
+
+QFont labelFont(QFont font)
+{
+    font.setPixelSize(MStyle::labelTextSize);
+    return font;
+}
+
+} // namespace
+
+MLabel::MLabel(QGraphicsItem *parent)
+    : MLabel(QString(), parent)
+{
+}
+
+MLabel::MLabel(const QString &text, QGraphicsItem *parent)
+    : MWidget(parent)
+    , m_text(text)
+    , m_color(MStyle::labelText)
+{
+    setFont(labelFont(font()));
+}
+
+void MLabel::textChanged()
+{
+    m_laidOut = false;
+    updateGeometry();
+    update();
+}
+
+void MLabel::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    textChanged();
+}
+
+void MLabel::setColor(const QColor &color)
+{
+    m_color = color.isValid() ? color : MStyle::labelText;
+    update();
+}
+
+void MLabel::setAlignment(Qt::Alignment alignment)
+{
+    m_alignment = alignment;
+    update();
+}
+
+void MLabel::setWordWrap(bool wrap)
+{
+    m_wordWrap = wrap;
+    textChanged();
+}
+
+void MLabel::setWordWrapMode(QTextOption::WrapMode mode)
+{
+    m_wrapMode = mode;
+    textChanged();
+}
+
+/// The whole text in lines of at most @p width, as far as it can be broken; a negative width breaks nothing.
+QStringList MLabel::brokenLines(qreal width) const
+{
+    const QStringList paragraphs = m_text.split(QLatin1Char('\n'));
+    if (!m_wordWrap || m_wrapMode == QTextOption::NoWrap || m_wrapMode == QTextOption::ManualWrap || width < 0)
+        return paragraphs;
+    QStringList lines;
+    for (const QString &paragraph : paragraphs) {
+        QTextLayout layout(paragraph, font());
+        QTextOption option;
+        option.setWrapMode(m_wrapMode);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(width);
+            lines.append(paragraph.mid(line.textStart(), line.textLength()));
+        }
+        layout.endLayout();
+        if (paragraph.isEmpty())
+            lines.append(QString());
+    }
+    return lines;
+}
+
+QStringList MLabel::fittingLines() const
+{
+    const QFontMetricsF metrics(font());
+    QStringList lines = brokenLines(size().width());
+    const int room = qMax(1, int((size().height() + 1) / metrics.lineSpacing()));
+    if (lines.size() > room) {
+        const QString rest = lines.mid(room - 1).join(QLatin1Char(' ')).simplified();
+        lines = lines.mid(0, room - 1);
+        lines.append(rest);
+    }
+    for (QString &line : lines) {
+        while (!line.isEmpty() && line.back().isSpace())
+            line.chop(1);
+        line = metrics.elidedText(line, Qt::ElideRight, size().width());
+    }
+    return lines;
+}
+
+void MLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    if (!m_laidOut) {
+        m_lines = fittingLines();
+        m_laidOut = true;
+    }
+    painter->setFont(font());
+    QColor color = m_color;
+    if (!isEnabled())
+        color.setAlphaF(color.alphaF() * MStyle::disabledOpacity);
+    painter->setPen(color);
+    const qreal lineHeight = QFontMetricsF(font()).lineSpacing();
+    const qreal textHeight = lineHeight * m_lines.size();
+    qreal y = 0;
+    if (m_alignment & Qt::AlignVCenter)
+        y = qRound((size().height() - textHeight) / 2);
+    else if (m_alignment & Qt::AlignBottom)
+        y = size().height() - textHeight;
+    const int flags
+        = int(m_alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextSingleLine | Qt::TextDontClip;
+    for (const QString &line : qAsConst(m_lines)) {
+        painter->drawText(QRectF(0, y, size().width(), lineHeight), flags, line);
+        y += lineHeight;
+    }
+}
+
+QSizeF MLabel::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
+{
+    if (which == Qt::MinimumSize)
+        return QSizeF(0, 0);
+    if (which != Qt::PreferredSize)
+        return MWidget::sizeHint(which, constraint);
+    const QFontMetricsF metrics(font());
+    const QStringList lines = brokenLines(constraint.width());
+    qreal width = constraint.width();
+    if (width < 0) {
+        for (const QString &line : lines)
+            width = qMax(width, std::ceil(metrics.horizontalAdvance(line)));
+    }
+    return QSizeF(width, std::ceil(lines.size() * metrics.lineSpacing()));
+}
+
+void MLabel::changeEvent(QEvent *event)
+{
+    MWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        textChanged();
+    update();
+}
+
+void MLabel::resizeEvent(QGraphicsSceneResizeEvent *event)
+{
+    MWidget::resizeEvent(event);
+    m_laidOut = false;
+}

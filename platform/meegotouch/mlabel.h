@@ -1,0 +1,55 @@
+#pragma once
+
+#include "mwidget.h"
+
+#include <QColor>
+#include <QStringList>
+#include <QTextOption>
+
+/// Plain text in one or more lines. Line breaks in the text are kept; what does not fit is elided, to the right in
+/// each line and after the last line for which there is room. Dark text, aligned to the left and centred vertically,
+/// until told otherwise; the font is the widget's own (setFont()).
+class MLabel : public MWidget {
+    Q_OBJECT
+
+public:
+    explicit MLabel(QGraphicsItem *parent = nullptr);
+    explicit MLabel(const QString &text, QGraphicsItem *parent = nullptr);
+
+    QString text() const { return m_text; }
+    void setText(const QString &text);
+
+    QColor color() const { return m_color; }
+    /// An invalid colour brings back the default one.
+    void setColor(const QColor &color);
+
+    Qt::Alignment alignment() const { return m_alignment; }
+    void setAlignment(Qt::Alignment alignment);
+
+    bool wordWrap() const { return m_wordWrap; }
+    void setWordWrap(bool wrap);
+
+    QTextOption::WrapMode wordWrapMode() const { return m_wrapMode; }
+    /// Where lines may break while word wrap is on; at word boundaries if not set.
+    void setWordWrapMode(QTextOption::WrapMode mode);
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
+
+protected:
+    QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+
+private:
+    void textChanged();
+    QStringList brokenLines(qreal width) const;
+    QStringList fittingLines() const;
+
+    QString m_text;
+    QColor m_color;
+    Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    bool m_wordWrap = false;
+    QTextOption::WrapMode m_wrapMode = QTextOption::WordWrap;
+    QStringList m_lines; // as last laid out for the current size
+    bool m_laidOut = false;
+};

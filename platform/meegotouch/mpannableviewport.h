@@ -1,0 +1,64 @@
+#pragma once
+
+#include "mwidget.h"
+
+#include <QElapsedTimer>
+#include <QMetaObject>
+#include <QPointer>
+
+class QScrollEvent;
+class QScrollPrepareEvent;
+
+/// A window onto a widget that may be higher than itself. The content gets the viewport's width and the height that
+/// it prefers for that width; it is clipped, and panned vertically by dragging or flicking it anywhere, also on the
+/// buttons in it, with mouse or finger, by the wheel, and by moving the keyboard focus in it. A press that becomes a
+/// drag is taken away from the button that had it, which does not click.
+class MPannableViewport : public MWidget {
+    Q_OBJECT
+
+public:
+    explicit MPannableViewport(QGraphicsItem *parent = nullptr);
+    ~MPannableViewport() override;
+
+    QGraphicsWidget *widget() const { return m_content; }
+    /// Shows @p widget from its top and owns it from now on; the former content is deleted. Null leaves it empty.
+    void setWidget(QGraphicsWidget *widget);
+
+    /// How far the content is panned, in scene pixels from its top.
+    qreal position() const { return m_position; }
+    /// Pans at once; beyond the content's ends it goes to the end.
+    void setPosition(qreal position);
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+    QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
+    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    void ungrabMouseEvent(QEvent *event) override;
+    void wheelEvent(QGraphicsSceneWheelEvent *event) override;
+
+private:
+    bool trackPress(QGraphicsSceneMouseEvent *event);
+    bool trackMove(QGraphicsSceneMouseEvent *event);
+    void trackRelease(const QPointF &scenePosition);
+    void takeMouse();
+    void prepareScroll(QScrollPrepareEvent *event);
+    void scroll(const QScrollEvent *event);
+    void fitContent();
+    void moveContent(qreal y);
+    void reveal(QGraphicsItem *item, Qt::FocusReason reason);
+    qreal range() const;
+
+    QPointer<QGraphicsWidget> m_content;
+    QMetaObject::Connection m_focusConnection;
+    QElapsedTimer m_clock;
+    QPointF m_lastPosition; // of the pointer, in the scene
+    qreal m_position = 0;
+    bool m_tracking = false; // a press has been seen and its release has not
+    bool m_panning = false; // the mouse is ours
+};

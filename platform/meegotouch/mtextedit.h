@@ -1,0 +1,67 @@
+#pragma once
+
+#include "mnamespace.h"
+#include "mwidget.h"
+
+#include <QString>
+
+class QGraphicsProxyWidget;
+class QLineEdit;
+class QTextEdit;
+
+/// How many lines a text edit has.
+class MTextEditModel {
+public:
+    enum LineMode { SingleLine, MultiLine };
+};
+
+/// A field for plain text: dark on light, with Qt's own editor in it, so that cursor, selection, clipboard, undo and
+/// input methods work as everywhere. Asks for the software keyboard when it gets the focus. Key releases that mean
+/// nothing to the editor, Return among them, go on to the items that it lies in.
+class MTextEdit : public MWidget {
+    Q_OBJECT
+
+public:
+    explicit MTextEdit(MTextEditModel::LineMode mode, const QString &text = QString(), QGraphicsItem *parent = nullptr);
+    ~MTextEdit() override;
+
+    QString text() const;
+    /// Replaces the text and forgets its undo history. In a single line, line breaks become spaces.
+    void setText(const QString &text);
+
+    M::TextContentType contentType() const { return m_contentType; }
+    /// Chooses the keys of the software keyboard; anything can still be typed.
+    void setContentType(M::TextContentType type);
+
+    /// By which means the field gets the focus: click and Tab at the start.
+    Qt::FocusPolicy focusPolicy() const;
+    void setFocusPolicy(Qt::FocusPolicy policy);
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
+
+public slots:
+    void clear();
+
+signals:
+    /// The text was changed, by the user or by setText().
+    void textChanged();
+    /// Return was pressed in a single line.
+    void returnPressed();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+
+private:
+    QWidget *makeLine();
+    QWidget *makeArea();
+
+    // The proxy is a child item and owns the editor: one of m_line and m_area, as the line mode says.
+    QGraphicsProxyWidget *m_proxy;
+    QLineEdit *m_line = nullptr;
+    QTextEdit *m_area = nullptr;
+    QWidget *m_editor;
+    M::TextContentType m_contentType = M::FreeTextContentType;
+};
