@@ -1,0 +1,41 @@
+#include "resmanager.h"
+
+#include <QDebug>
+
+namespace {
+
+std::unique_ptr<ResManager> instance;
+
+} // namespace
+
+ResManager *ResManager::getInstance()
+{
+    if (!instance)
+        instance.reset(new ResManager);
+    return instance.get();
+}
+
+void ResManager::deleteInstance()
+{
+    instance.reset();
+}
+
+ResManager::~ResManager()
+{
+    qDebug("call destructor of resmanager");
+    for (std::unique_ptr<QImage> &image : m_imgList)
+        image.reset();
+}
+
+QImage *ResManager::loadImage(int index)
+{
+    if (static_cast<unsigned>(index) >= m_imgList.size())
+        return nullptr;
+    std::unique_ptr<QImage> &image = m_imgList[static_cast<std::size_t>(index)];
+    if (!image) {
+        // With the suffix: without one the image reader would try those of all formats in turn.
+        image = std::make_unique<QImage>(QLatin1String(":/button/res/") + QLatin1String(k_imgName[index])
+                                         + QLatin1String(".png"));
+    }
+    return image.get();
+}
