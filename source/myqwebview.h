@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QGraphicsWebView>
+
+#include <optional>
+
+class QTouchEvent;
+
+/// Web view that scrolls under a dragging finger and coasts on after it is lifted. It has no scroll bars and no
+/// context menu. A finger on a touch screen does what the mouse does; a wheel and the paging keys scroll too.
+///
+/// The scroll state is shared by all instances: there is meant to be one at a time.
+class MyQWebView : public QGraphicsWebView {
+    Q_OBJECT
+
+public:
+    MyQWebView();
+
+    /// Whether presses and taps reach the page (the initial state). Otherwise the view can only be scrolled.
+    void setEditable(bool editable);
+
+    /// Goes back one step in the history, if there is one.
+    void back();
+
+public slots:
+    /// One step of the coasting: moves the page on and slows down.
+    void updateScroll();
+
+protected:
+    bool event(QEvent *event) override;
+    bool sceneEvent(QEvent *event) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
+    void wheelEvent(QGraphicsSceneWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void touchEvent(QTouchEvent *event);
+    void followFinger(const QTouchEvent *event);
+    void scrollPage(int x, int y);
+
+    bool m_isEditable = true;
+    /// The script of the page keeps the touch on the screen for itself.
+    bool m_isTouchTaken = false;
+    /// The finger that scrolls; further ones are ignored.
+    std::optional<int> m_finger;
+};
