@@ -1,0 +1,19 @@
+#pragma once
+
+#include "mdialog.h"
+
+class MLabel;
+
+/// A dialog that says something.
+class MMessageBox : public MDialog {
+    Q_OBJECT
+
+public:
+    /// \a text is plain, wraps, and the box grows with it.
+    explicit MMessageBox(const QString &text, M::StandardButtons buttons = M::OkButton);
+
+    QString text() const;
+
+private:
+    MLabel *m_label;
+};
