@@ -1,0 +1,120 @@
+#include "mybutton.h"
+
+#include "globaldefine.h"
+#include "resmanager.h"
+
+#include <QPainter>
+
+namespace {
+
+// The tab, in its own pixels.
+constexpr int K_TAB_WIDTH = 90;
+constexpr QPoint K_TAB_CENTRE(45, 35);
+constexpr int K_BADGE_TEXT_HEIGHT = 20;
+
+enum ImageId {
+    BadgeImage = 7,
+    FriendsImage = 11,
+    GamesImage = 12,
+    HomeImage = 13,
+    InboxImage = 14,
+    SelectedImage = 24,
+    UnselectedImage = 27,
+};
+
+void setCaptionStyle(QPainter *painter, int pixelSize)
+{
+    QFont font;
+    font.setPixelSize(pixelSize);
+    font.setWeight(QFont::Bold);
+    painter->setFont(font);
+    painter->setPen(Qt::white);
+}
+
+QString commandCaption(int textIdx)
+{
+    switch (textIdx) {
+    case 0:
+        return localized(TXT_EDIT);
+    case 1:
+        return localized(TXT_BACK);
+    default:
+        return QString();
+    }
+}
+
+QString tabCaption(int iconIdx)
+{
+    switch (iconIdx) {
+    case FriendsImage:
+        return localized(TXT_FOOTER_FRIENDS);
+    case GamesImage:
+        return localized(TXT_FOOTER_GAMES);
+    case HomeImage:
+        return localized(TXT_FOOTER_HOME);
+    case InboxImage:
+        return localized(TXT_FOOTER_INBOX);
+    default:
+        return QString();
+    }
+}
+
+void drawCentred(QPainter *painter, int imageIdx)
+{
+    if (const QImage *image = ResManager::getInstance()->loadImage(imageIdx))
+        painter->drawImage(K_TAB_CENTRE - QPoint(image->width() / 2, image->height() / 2), *image);
+}
+
+void drawBadge(QPainter *painter, int number)
+{
+    const QImage *image = ResManager::getInstance()->loadImage(BadgeImage);
+    if (number == 0 || !image)
+        return;
+    const int badgeWidth = image->width();
+    const int badgePosX = K_TAB_WIDTH - badgeWidth;
+    painter->drawImage(badgePosX, 0, *image);
+    painter->drawText(QRect(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT), Qt::AlignHCenter | Qt::AlignVCenter,
+                      QString::number(number));
+}
+
+} // namespace
+
+SelectButton::SelectButton(int buttonIdx, int buttonIdxClicked, int textIdx, QGraphicsItem *, MButtonModel *)
+    : m_buttonIdx(buttonIdx)
+    , m_buttonIdxClicked(buttonIdxClicked)
+    , nTextIdx(textIdx)
+{
+}
+
+void SelectButton::setBackgroundImage(int normalImageIdx, int pressedImageIdx)
+{
+    m_buttonIdx = normalImageIdx;
+    m_buttonIdxClicked = pressedImageIdx;
+}
+
+void SelectButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    const QImage *image = ResManager::getInstance()->loadImage(isDown() ? m_buttonIdxClicked : m_buttonIdx);
+    if (!image)
+        return;
+    painter->drawImage(0, 0, *image);
+    setCaptionStyle(painter, 13);
+    painter->drawText(image->rect(), Qt::AlignHCenter | Qt::AlignVCenter, commandCaption(nTextIdx));
+}
+
+ToggleButton::ToggleButton(int iconIdx, QGraphicsItem *parent, MButtonModel *model)
+    : MButton(parent, model)
+    , m_iconIdx(iconIdx)
+{
+    setCheckable(true);
+    setViewType(MButton::iconType);
+}
+
+void ToggleButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    setCaptionStyle(painter, 14);
+    drawCentred(painter, isDown() || isChecked() ? SelectedImage : UnselectedImage);
+    drawCentred(painter, m_iconIdx);
+    drawBadge(painter, m_badgeNumber);
+    painter->drawText(QRectF(QPointF(), size()), Qt::AlignBottom | Qt::AlignHCenter, tabCaption(m_iconIdx));
+}
