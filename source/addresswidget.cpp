@@ -1,0 +1,168 @@
+#include "addresswidget.h"
+
+#include "globaldefine.h"
+#include "mybutton.h"
+
+#include <mbuttongroup.h>
+#include <mflowlayoutpolicy.h>
+#include <mlabel.h>
+#include <mlayout.h>
+#include <mtextedit.h>
+
+#include <QGraphicsScene>
+
+#include <algorithm>
+
+namespace {
+
+// Scene pixels.
+constexpr qreal K_SPACING = 10;
+constexpr qreal K_LINE_HEIGHT = 30;
+constexpr qreal K_CAPTION_WIDTH = 400;
+constexpr qreal K_RECIPIENT_HEIGHT = 40;
+constexpr int K_CHARACTER_WIDTH = 18;
+constexpr int K_RECIPIENT_PADDING = 20;
+
+constexpr int K_ADD_IMAGE = 1;
+
+} // namespace
+
+AddressWidget::AddressWidget()
+    : btnGroup(nullptr)
+    , centralWidget(new MWidget)
+{
+    auto *layout = new MLayout;
+    m_policy = new MFlowLayoutPolicy(layout);
+    m_policy->setSpacing(K_SPACING);
+
+    lblTo = new MLabel(localized(TXT_SEND_TO));
+    lblTo->setPreferredSize(K_CAPTION_WIDTH, K_LINE_HEIGHT);
+    m_policy->addItem(lblTo);
+    btnAdd = new SelectButton(K_ADD_IMAGE, K_ADD_IMAGE, -1);
+    btnAdd->setPreferredSize(K_LINE_HEIGHT, K_LINE_HEIGHT);
+    m_policy->addItem(btnAdd);
+    connect(btnAdd, &MButton::clicked, this, &AddressWidget::on_btnNewAddressClicked);
+
+    centralWidget->setLayout(layout);
+    setWidget(centralWidget);
+
+    btnGroup = new MButtonGroup;
+    connect(btnGroup, qOverload<MButton *>(&MButtonGroup::buttonClicked), this, &AddressWidget::addressButtonClicked);
+}
+
+AddressWidget::~AddressWidget()
+{
+    btnGroup->disconnect(this);
+    qDeleteAll(btnGroup->buttons());
+    delete btnGroup;
+    delete btnAdd;
+    delete lblTo;
+}
+
+void AddressWidget::show(Address_Type addressType)
+{
+    type = addressType;
+    setVisible(true);
+    const QList<MButton *> recipients = btnGroup->buttons();
+    for (MButton *button : recipients)
+        removeRecipient(button);
+}
+
+void AddressWidget::on_btnNewAddressClicked()
+{
+    if (type == MESSAGE) {
+        emit btnAddressClicked();
+        return;
+    }
+    auto *dialog = new InputDialog;
+    dialog->appear(MSceneWindow::DestroyWhenDone);
+    connect(dialog, &InputDialog::inputDialogDone, this, &AddressWidget::on_dlgInputNameClosed);
+}
+
+void AddressWidget::on_dlgInputNameClosed(QString text)
+{
+    addNewAddress(text);
+}
+
+void AddressWidget::addressButtonClicked(MButton *button)
+{
+    if (btnGroup->buttons().contains(button))
+        removeRecipient(button);
+}
+
+void AddressWidget::addNewAddress(QString text)
+{
+    if (!text.isEmpty())
+        addRecipient(new MButton(text));
+}
+
+void AddressWidget::addNewUIDAddress(QString userName, QString uuid)
+{
+    if (userName.isEmpty() || uuid.isEmpty())
+        return;
+    const QList<MButton *> recipients = btnGroup->buttons();
+    const bool isThere = std::any_of(recipients.begin(), recipients.end(),
+                                     [&](const MButton *button) { return button->text() == userName; });
+    if (!isThere)
+        addRecipient(new UUIDButton(userName, uuid));
+}
+
+QStringList AddressWidget::getAllAddress()
+{
+    QStringList addresses;
+    const QList<MButton *> recipients = btnGroup->buttons();
+    for (const MButton *button : recipients) {
+        const auto *user = qobject_cast<const UUIDButton *>(button);
+        if (type == EMAIL)
+            addresses << button->text();
+        else if (user)
+            addresses << user->uuid;
+    }
+    return addresses;
+}
+
+int AddressWidget::getRecipientsCount()
+{
+    return btnGroup->buttons().size();
+}
+
+void AddressWidget::addRecipient(MButton *button)
+{
+    button->setPreferredSize(button->text().length() * K_CHARACTER_WIDTH + K_RECIPIENT_PADDING, K_RECIPIENT_HEIGHT);
+    m_policy->addItem(button);
+    btnGroup->addButton(button);
+}
+
+/// The button is out of everything at once, but deleted later only: it may be in the middle of telling its click.
+void AddressWidget::removeRecipient(MButton *button)
+{
+    btnGroup->removeButton(button);
+    m_policy->removeItem(button);
+    button->setParentItem(nullptr);
+    if (button->scene())
+        button->scene()->removeItem(button);
+    button->deleteLater();
+}
+
+UUIDButton::UUIDButton(QString text, QString uuid)
+    : MButton(text)
+    , uuid(std::move(uuid))
+{
+}
+
+InputDialog::InputDialog()
+    : MDialog(localized(TXT_EMAIL), M::OkButton)
+    , textInput(new MTextEdit(MTextEditModel::SingleLine))
+{
+    textInput->setContentType(M::EmailContentType);
+    setCentralWidget(textInput);
+    // Ready to be typed into as soon as it appears.
+    textInput->setFocus();
+}
+
+void InputDialog::done(int result)
+{
+    text = textInput->text();
+    emit inputDialogDone(text);
+    MDialog::done(result);
+}
