@@ -1,0 +1,67 @@
+#include "secrets.h"
+
+#include <array>
+#include <openssl/crypto.h>
+#include <openssl/evp.h>
+#include <openssl/rand.h>
+#include <openssl/sha.h>
+#include <stdexcept>
+
+namespace {
+
+constexpr int iterations = 20000;
+constexpr char scheme[] = "pbkdf2-sha256:20000:";
+
+using Digest = std::array<unsigned char, SHA256_DIGEST_LENGTH>;
+
+std::string hex(const Digest &bytes)
+{
+    static const char digits[] = "0123456789abcdef";
+    std::string text;
+    for (const unsigned char byte : bytes)
+        text += {digits[byte >> 4], digits[byte & 15]};
+    return text;
+}
+
+std::string derived(const std::string &password, const std::string &salt)
+{
+    Digest key;
+    if (PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()),
+                          reinterpret_cast<const unsigned char *>(salt.data()), static_cast<int>(salt.size()),
+                          iterations, EVP_sha256(), static_cast<int>(key.size()), key.data())
+        != 1)
+        throw std::runtime_error("cannot hash a password");
+    return scheme + salt + ':' + hex(key);
+}
+
+} // namespace
+
+std::string randomToken()
+{
+    Digest bytes;
+    if (RAND_bytes(bytes.data(), static_cast<int>(bytes.size())) != 1)
+        throw std::runtime_error("no randomness available");
+    return hex(bytes);
+}
+
+std::string passwordHash(const std::string &password)
+{
+    return derived(password, randomToken().substr(0, 32));
+}
+
+bool passwordMatches(const std::string &password, const std::string &hash)
+{
+    const std::size_t start = sizeof scheme - 1;
+    const std::size_t colon = hash.find(':', start);
+    if (hash.compare(0, start, scheme) != 0 || colon == std::string::npos)
+        return false;
+    const std::string again = derived(password, hash.substr(start, colon - start));
+    return again.size() == hash.size() && CRYPTO_memcmp(again.data(), hash.data(), hash.size()) == 0;
+}
+
+std::string tokenHash(const std::string &token)
+{
+    Digest digest;
+    SHA256(reinterpret_cast<const unsigned char *>(token.data()), token.size(), digest.data());
+    return hex(digest);
+}
