@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <QLatin1String>
 #include <QString>
-#include <cstddef>
 
 /// What the whole companion shares: the values of the command line, the texts in five languages, the links of the
 /// service, the image names and the screen's measures.
@@ -27,19 +27,17 @@ extern char k_imgName[K_IMAGE_COUNT][20];
 inline constexpr int K_LANGUAGE_COUNT = 5;
 
 /// One phrase in all languages: a row of NUL-terminated Latin-1 bytes per language, padded with NULs to Width.
-template <std::size_t Width>
-struct TextTable {
+template <std::size_t Width> struct TextTable {
     char rows[K_LANGUAGE_COUNT][Width];
 };
 
 /// Makes a table out of readable literals. A text that is too long for its row with its NUL, or holds a character
 /// outside Latin-1, does not compile.
-template <std::size_t Width, std::size_t... Sizes>
-constexpr TextTable<Width> texts(const char16_t (&...phrases)[Sizes])
+template <std::size_t Width, std::size_t... Sizes> constexpr TextTable<Width> texts(const char16_t (&...phrases)[Sizes])
 {
     static_assert(sizeof...(Sizes) == K_LANGUAGE_COUNT, "one text for each language");
     static_assert(((Sizes <= Width) && ...), "a text does not fit its row");
-    TextTable<Width> table {};
+    TextTable<Width> table{};
     int row = 0;
     const auto fill = [&table, &row](const char16_t *phrase) {
         for (std::size_t i = 0; phrase[i] != u'\0'; ++i) {
@@ -54,8 +52,7 @@ constexpr TextTable<Width> texts(const char16_t (&...phrases)[Sizes])
 }
 
 /// The phrase in the language of the interface. Call it at each use: nothing keeps the result.
-template <std::size_t Width>
-QString localized(const TextTable<Width> &table)
+template <std::size_t Width> QString localized(const TextTable<Width> &table)
 {
     return QString::fromLatin1(table.rows[g_languageIdx]);
 }

@@ -1,0 +1,22 @@
+#include "commandline.h"
+#include "globaldefine.h"
+#include "mainwindow.h"
+
+#include "mapplication.h"
+
+int main(int argc, char **argv)
+{
+    MApplication application(argc, argv);
+
+    // Deliberately unsigned: one comparison accepts two or three arguments and nothing else.
+    if (static_cast<unsigned>(argc) - 3U > 1U)
+        return 0;
+    g_KVB = toInt(argv[1]);
+    g_languageIdx = toLanguage(argv[2]);
+    g_trophyIdx = argc == 4 ? toMask(argv[3]) : 0;
+
+    MainWindow window(nullptr);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, &MainWindow::on_VantuExit);
+    window.showExpanded();
+    return MApplication::exec();
+}

@@ -1,0 +1,51 @@
+#include "navigationrules.h"
+
+#include "globaldefine.h"
+
+const char *const K_ERROR_SENTENCES[K_ERROR_SENTENCE_COUNT] = {
+    u8"An error has occurred inside the application", u8"Une erreur est survenue dans l'application",
+    u8"In der Anwendung ist ein Fehler aufgetreten",  u8"Ha ocurrido un error en la aplicación",
+    u8"Si è verificato un errore nell'applicazione",
+};
+
+// In a script the "javascript:" in front reads as a statement label.
+const char *const K_BRIDGE_SCRIPTS[K_BRIDGE_SCRIPT_COUNT] = {
+    "javascript:window.VANTU.getUserID(sUserUid)",
+    "javascript:window.VANTU.getInboxMessages(iInboxMessages)",
+    "javascript:window.VANTU.getGamesMessages(iGamesMessages)",
+    "javascript:window.VANTU.getFriendsMessages(iFriendsMessages)",
+    "javascript:window.VANTU.getGameId(iGameId)",
+    "javascript:window.VANTU.getSubject(sSubject)",
+    "javascript:window.VANTU.checkIsFriend(bIsFriend)",
+    "javascript:window.VANTU.showAddFriendOption(bShowAdd)",
+    "javascript:window.VANTU.showRateOption(bShowEvaluate)",
+    "javascript:window.VANTU.getCurentUserUid(iUserId)",
+    "javascript:window.VANTU.getCurentUserName(sUserName)",
+    "javascript:window.VANTU.showTitle(sTitle)",
+    "javascript:window.VANTU.getUserName(strUserName)",
+    "javascript:window.VANTU.getPassword(strPassword)",
+    "javascript:window.VANTU.getAutoLogin(blnRememberMe)",
+};
+
+bool isTwitterUrl(const QString &url)
+{
+    return url.contains(QLatin1String("twitter"), Qt::CaseInsensitive);
+}
+
+bool isFacebookUrl(const QString &url)
+{
+    return url.contains(QLatin1String("facebook"), Qt::CaseInsensitive);
+}
+
+QString backTarget(const QString &url, const QString &game)
+{
+    const QLatin1String games(K_LINK_GAMES);
+    const QLatin1String trophies(K_URL_TROPHIES_PREFIX);
+    if (url.startsWith(games + QLatin1String("/show-game/gid")))
+        return games;
+    if (url.startsWith(trophies))
+        return games + QLatin1String("/show-game/gid/") + game;
+    if (url.startsWith(QLatin1String(K_URL_TWITTER_SENT_PREFIX)))
+        return trophies + game;
+    return QString();
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+/// How the page reads the addresses and texts that the web view arrives at, as functions and tables of plain values.
+
+/// True for a page of the external sharing site that cannot be shown with scripts and tiles on.
+bool isTwitterUrl(const QString &url);
+bool isFacebookUrl(const QString &url);
+
+/// The page one level above @p url, or an empty string where back means one step in the history.
+/// @p game is the game last reported by a page.
+QString backTarget(const QString &url, const QString &game);
+
+inline constexpr int K_ERROR_SENTENCE_COUNT = 5;
+/// The sentences by which the service's error page is recognised, in UTF-8.
+extern const char *const K_ERROR_SENTENCES[K_ERROR_SENTENCE_COUNT];
+
+inline constexpr int K_BRIDGE_SCRIPT_COUNT = 15;
+/// The scripts that make a loaded page hand over its values, in the order in which they run.
+extern const char *const K_BRIDGE_SCRIPTS[K_BRIDGE_SCRIPT_COUNT];

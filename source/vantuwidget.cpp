@@ -1,0 +1,90 @@
+#include "vantuwidget.h"
+
+#include "addresswidget.h"
+#include "globaldefine.h"
+#include "mybutton.h"
+#include "myqwebview.h"
+#include "resmanager.h"
+#include "servicerequests.h"
+
+#include "mbutton.h"
+#include "mbuttongroup.h"
+#include "mlabel.h"
+#include "mprogressindicator.h"
+#include "mtextedit.h"
+#include "qsystemdeviceinfo.h"
+#include "qsysteminfo.h"
+
+#include <QNetworkAccessManager>
+#include <QWebFrame>
+#include <QWebPage>
+
+namespace {
+
+template <typename Object> void destroy(Object *&object)
+{
+    delete object;
+    object = nullptr;
+}
+
+} // namespace
+
+VantuPage::VantuPage(QGraphicsItem *parent)
+    : MApplicationPage(parent)
+{
+    setPannable(false);
+    initUI();
+    readUserLogin();
+
+    StartValues values;
+    values.language = localized(TXT_VANTU_LANGUAGES);
+    const QSystemInfo system;
+    const QSystemDeviceInfo device;
+    values.country = system.currentCountryCode();
+    values.deviceModel = device.model();
+    values.firmware = system.version(QSystemInfo::Firmware);
+    values.deviceId = device.imei();
+    values.game = g_KVB;
+    values.username = _username;
+    values.password = _password;
+    values.rememberMe = !_rememberMe.isEmpty();
+    load(QUrl(startUrl(values)));
+
+    nwAccessMgr = new QNetworkAccessManager;
+    nwAccessMgr->setAutoDeleteReplies(true);
+}
+
+VantuPage::~VantuPage()
+{
+    ResManager::deleteInstance();
+
+    // btnEdit is deliberately not among these: it goes with the scene.
+    destroy(lblWebTitle);
+    destroy(selectButtons);
+    destroy(btnBack);
+    destroy(btnInfo);
+    destroy(btnQuit);
+    destroy(btnNewMessage);
+    destroy(btnRecommend);
+    destroy(btnInteract);
+    destroy(btnAdd);
+    destroy(btnCancel);
+    destroy(btnSend);
+
+    disconnect(webView, &QGraphicsWebView::loadStarted, this, nullptr);
+    disconnect(webView, &QGraphicsWebView::loadFinished, this, nullptr);
+    disconnect(webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this, nullptr);
+    webView->stop();
+    destroy(webView);
+
+    destroy(txtMessage);
+    disconnect(addrWidget, &AddressWidget::btnAddressClicked, this, nullptr);
+    destroy(addrWidget);
+    destroy(lblSubject);
+    destroy(btnHome);
+    destroy(btnGame);
+    destroy(btnInbox);
+    destroy(btnFriend);
+    destroy(progressIndicator);
+    destroy(nwAccessMgr);
+}

@@ -1,0 +1,184 @@
+#pragma once
+
+#include "vantustate.h"
+
+#include "mapplicationpage.h"
+#include "mpopuplist.h"
+
+#include <QModelIndex>
+#include <QString>
+#include <QStringListModel>
+#include <QUrl>
+
+class AddressWidget;
+class MButton;
+class MButtonGroup;
+class MLabel;
+class MLayout;
+class MProgressIndicator;
+class MTextEdit;
+class MyLayoutPolicy;
+class MyQWebView;
+class QNetworkAccessManager;
+class SelectButton;
+class ToggleButton;
+
+/// The portal page: the web view with the service's pages, all native chrome around it, and every rule that ties the
+/// two together.
+///
+/// The page registers itself with each web page as the window object "VANTU", so every public slot can be called by a
+/// stranger's script, at any time, with anything, also from inside another call. The slots' names and order are what
+/// the service's pages know.
+class VantuPage : public MApplicationPage {
+    Q_OBJECT
+
+public:
+    /// Builds the chrome, reads the stored login and begins to load the start page.
+    explicit VantuPage(QGraphicsItem *parent = nullptr);
+    /// Ends the process's image cache too.
+    ~VantuPage() override;
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+    /// Shows or hides all ten header buttons at once.
+    void setButtonVisible(bool visible);
+    /// Shows exactly the commands and tabs that the state and the URL on display allow.
+    void updateButtonVisible();
+    /// The one rule for "back": to the page before a composer, up one level, or one step in the history.
+    void goBack();
+
+    void openSendMessagePage();
+    void closeSendMessagePage();
+    /// Posts the composed message. Nobody waits for the answer.
+    void doSendMessage();
+    void openSendEmailPage();
+    void closeSendEmailPage();
+    /// Posts the invitation. Nobody waits for the answer.
+    void doSendEmail();
+
+    /// The stored login: read once while the page is built, written when the player goes back to the game. Failures
+    /// are silent and leave file and members as they were.
+    void saveUserLogin();
+    void readUserLogin();
+    /// Forgets the stored login by emptying the file.
+    void clearUserLogin();
+
+public slots:
+    void attachObjectToJS();
+    void showTitle(QString html);
+    void getInboxMessages(QString html);
+    void getGamesMessages(QString html);
+    void getFriendsMessages(QString html);
+    void getUserID(QString html);
+    void showAddFriendOption(QString html);
+    void checkIsFriend(QString html);
+    void showRateOption(QString html);
+    void getCurentUserUid(QString html);
+    void getCurentUserName(QString html);
+    void getGameId(QString html);
+    void getSubject(QString html);
+    void getUserName(QString html);
+    void getPassword(QString html);
+    void getAutoLogin(QString html);
+    void on_pageLoadStarted();
+    void on_pageLoadFinished(bool ok);
+    void on_ToggleButtonClicked(int buttonId);
+    void on_SelectButtonClicked(int buttonId);
+    void on_UserInteract(QModelIndex index);
+    void on_UserRecommend(QModelIndex index);
+    void on_btnAddAddressClicked();
+    void on_url_change(QUrl url);
+
+protected:
+    /// Closes the keyboard when Return is released, and deliberately takes every event without the base class's help.
+    bool event(QEvent *event) override;
+    void gestureEvent(QGestureEvent *event) override;
+
+    QString oldURL; ///< page to return to from a composer or an external sharing page
+    QString userID; ///< signed-in player; empty before the sign-in
+    QString strInboxMessages;
+    QString strGamesMessages;
+    QString strFriendsMessages;
+    QString recommendGameId;
+    QString recommendSubject;
+    QString _currentUserUid; ///< player whose profile is on display
+    QString _currentUserName;
+    bool _isFriend = false;
+    bool _showAdd = false;
+    bool _showRate = false;
+    QString _username; ///< stored login
+    QString _password;
+    QString _rememberMe; ///< empty: not remembered
+
+    MLabel *lblWebTitle = nullptr;
+    MButtonGroup *selectButtons = nullptr;
+    SelectButton *btnBack = nullptr;
+    SelectButton *btnInfo = nullptr;
+    SelectButton *btnQuit = nullptr;
+    SelectButton *btnNewMessage = nullptr;
+    SelectButton *btnRecommend = nullptr;
+    SelectButton *btnInteract = nullptr;
+    SelectButton *btnAdd = nullptr;
+    SelectButton *btnEdit = nullptr;
+    MButton *btnCancel = nullptr;
+    MButton *btnSend = nullptr;
+    MyQWebView *webView = nullptr;
+    MTextEdit *txtMessage = nullptr;
+    AddressWidget *addrWidget = nullptr;
+    MLabel *lblSubject = nullptr;
+    MButtonGroup *toggleButtons = nullptr;
+    ToggleButton *btnHome = nullptr;
+    ToggleButton *btnGame = nullptr;
+    ToggleButton *btnInbox = nullptr;
+    ToggleButton *btnFriend = nullptr;
+    MyLayoutPolicy *mainPolicy = nullptr;
+    MLayout *mainLayout = nullptr;
+    MProgressIndicator *progressIndicator = nullptr;
+    QStringListModel mdlInteractModel;
+    QStringListModel mdlRecommendModel;
+    QStringListModel mdlRate;
+    MPopupList popupInteract;
+    MPopupList popupRecommend;
+    MPopupList popupRate;
+    QNetworkAccessManager *nwAccessMgr = nullptr; ///< for the companion's own posts; shares nothing with the web view
+    VantuState state = Normal;
+    VantuState lastState = Normal; ///< state at the last load end or before the last change
+    bool isInFriendSelectionScreen = false;
+
+private:
+    void initUI();
+    void initHeader();
+    void initWebView();
+    void initComposer();
+    void initFooter();
+    void initPopups();
+
+    void enterState(VantuState newState);
+    QString currentUrl() const;
+    /// Where the web view stands between header and footer.
+    QRectF webViewRect() const;
+    /// Loads @p url in the web view.
+    void load(const QUrl &url);
+    void setTitle(const QString &text, const QColor &color);
+    void setTiledBackingStore(bool on);
+    void setJavaScript(bool on);
+
+    void detectErrorPage();
+    void finishFailedLoad();
+    void finishLoad();
+    void runBridgeScripts();
+    void addPickedFriend();
+
+    void post(const QUrl &url, const QByteArray &body);
+    void quitToGame();
+    void showInteractPopup();
+    void validateAndSend();
+    void warn(const QString &text);
+
+    bool isFinishingLoad = false;
+};
+
+/// True after the service's own error page was shown, until the next load starts.
+extern bool onErrorPage;
+/// True while an external sharing page is shown that needs scripts and tiles off.
+extern bool onTwitterPage;

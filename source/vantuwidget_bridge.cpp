@@ -1,0 +1,118 @@
+#include "vantuwidget.h"
+
+#include "globaldefine.h"
+#include "mybutton.h"
+#include "myqwebview.h"
+#include "servicerequests.h"
+
+#include "mlabel.h"
+
+#include <QWebFrame>
+#include <QWebPage>
+
+namespace {
+
+/// A flag of the page's: a whole number other than 0. Words such as "true" are not.
+bool toFlag(const QString &text)
+{
+    bool ok = false;
+    const int number = text.toInt(&ok, 10);
+    return ok && number != 0;
+}
+
+void setBadge(ToggleButton *tab, const QString &count)
+{
+    tab->m_badgeNumber = count.toInt(nullptr, 10);
+    tab->update();
+}
+
+} // namespace
+
+void VantuPage::attachObjectToJS()
+{
+    webView->page()->mainFrame()->addToJavaScriptWindowObject(QStringLiteral("VANTU"), this);
+}
+
+void VantuPage::showTitle(QString html)
+{
+    lblWebTitle->setText(state == Normal ? html : localized(TXT_NEW_MESSAGE));
+}
+
+void VantuPage::getInboxMessages(QString html)
+{
+    strInboxMessages = html;
+    setBadge(btnInbox, html);
+}
+
+void VantuPage::getGamesMessages(QString html)
+{
+    strGamesMessages = html;
+    setBadge(btnGame, html);
+}
+
+void VantuPage::getFriendsMessages(QString html)
+{
+    strFriendsMessages = html;
+    setBadge(btnFriend, html);
+}
+
+void VantuPage::getUserID(QString html)
+{
+    userID = html;
+    static bool shouldNotify = true;
+    if (!shouldNotify || userID.isEmpty())
+        return;
+    shouldNotify = false; // Once a run, whatever becomes of the request.
+    post(trophyUrl(recommendGameId, userID, g_KVB), trophyBody(g_trophyIdx));
+}
+
+void VantuPage::showAddFriendOption(QString html)
+{
+    _showAdd = toFlag(html);
+}
+
+void VantuPage::checkIsFriend(QString html)
+{
+    _isFriend = toFlag(html);
+}
+
+void VantuPage::showRateOption(QString html)
+{
+    _showRate = toFlag(html);
+}
+
+void VantuPage::getCurentUserUid(QString html)
+{
+    _currentUserUid = html;
+}
+
+void VantuPage::getCurentUserName(QString html)
+{
+    _currentUserName = html;
+}
+
+void VantuPage::getGameId(QString html)
+{
+    recommendGameId = html;
+}
+
+void VantuPage::getSubject(QString html)
+{
+    recommendSubject = html;
+    lblSubject->setText(localized(TXT_SUBJECT) + html);
+}
+
+void VantuPage::getUserName(QString html)
+{
+    _username = html;
+}
+
+void VantuPage::getPassword(QString html)
+{
+    _password = html;
+}
+
+void VantuPage::getAutoLogin(QString html)
+{
+    _rememberMe = html;
+}

@@ -1,0 +1,188 @@
+#include "vantuwidget.h"
+
+#include "addresswidget.h"
+#include "globaldefine.h"
+#include "mybutton.h"
+#include "myqwebview.h"
+#include "navigationrules.h"
+
+#include "mbutton.h"
+#include "minputmethodstate.h"
+#include "mlabel.h"
+#include "mprogressindicator.h"
+#include "mtextedit.h"
+
+#include <QScopedValueRollback>
+#include <QWebFrame>
+#include <QWebPage>
+#include <QWebSettings>
+
+bool onErrorPage = false;
+bool onTwitterPage = false;
+
+QString VantuPage::currentUrl() const
+{
+    const QWebFrame *frame = webView->page()->mainFrame();
+    return frame ? frame->url().toString() : QString();
+}
+
+QRectF VantuPage::webViewRect() const
+{
+    return QRectF(0, 60, g_nScreenWidth, g_nScreenHeight - 150);
+}
+
+void VantuPage::load(const QUrl &url)
+{
+    webView->setUrl(url);
+}
+
+void VantuPage::setTiledBackingStore(bool on)
+{
+    webView->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, on);
+}
+
+void VantuPage::setJavaScript(bool on)
+{
+    webView->settings()->setAttribute(QWebSettings::JavascriptEnabled, on);
+}
+
+void VantuPage::on_pageLoadStarted()
+{
+    const QString leaving = currentUrl();
+    progressIndicator->show();
+    MInputMethodState::closeSoftwareInputPanel();
+    setButtonVisible(false);
+    if (state == Normal) {
+        btnQuit->show();
+    } else if (state == SendMessageState) {
+        isInFriendSelectionScreen = !isInFriendSelectionScreen;
+        if (!isInFriendSelectionScreen)
+            webView->setEnabled(false); // A friend was tapped: no second tap until that friend has arrived.
+    }
+    if (onErrorPage) {
+        onErrorPage = false;
+        setTiledBackingStore(true);
+    }
+    if (onTwitterPage && !isTwitterUrl(leaving)) {
+        setTiledBackingStore(true);
+        onTwitterPage = false;
+    }
+    webView->setZoomFactor(g_ZoomFactor);
+    webView->setTiledBackingStoreFrozen(true);
+}
+
+void VantuPage::on_url_change(QUrl url)
+{
+    if (!isTwitterUrl(url.toString()))
+        return;
+    setTiledBackingStore(false);
+    setJavaScript(false);
+    onTwitterPage = true;
+}
+
+void VantuPage::on_pageLoadFinished(bool ok)
+{
+    // A page's value may call this slot while its conversion to text runs below: once is enough.
+    if (isFinishingLoad)
+        return;
+    const QScopedValueRollback<bool> guard(isFinishingLoad, true);
+
+    lastState = state;
+    detectErrorPage();
+    webView->setTiledBackingStoreFrozen(false);
+    webView->page()->mainFrame()->scroll(0, 1);
+    webView->setPalette(QPalette(Qt::white));
+    if (ok)
+        finishLoad();
+    else
+        finishFailedLoad();
+    progressIndicator->hide();
+}
+
+void VantuPage::detectErrorPage()
+{
+    for (const char *sentence : K_ERROR_SENTENCES) {
+        if (!webView->page()->findText(QString::fromUtf8(sentence)))
+            continue;
+        onErrorPage = true;
+        webView->page()->findText(QString()); // Takes the selection off the sentence.
+        setTiledBackingStore(false);
+        return;
+    }
+}
+
+void VantuPage::finishFailedLoad()
+{
+    if (state == Normal) {
+        setButtonVisible(false);
+        btnQuit->show();
+        return;
+    }
+    btnCancel->show();
+    btnSend->show();
+    if (state == SendMessageState) {
+        webView->hide();
+        addrWidget->setVisible(true);
+        txtMessage->show();
+        isInFriendSelectionScreen = false;
+        // However the web view comes back from here, it must not cover the header or stay deaf.
+        webView->setGeometry(webViewRect());
+        webView->setEnabled(true);
+    }
+}
+
+void VantuPage::finishLoad()
+{
+    disconnect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
+    disconnect(webView, &QGraphicsWebView::urlChanged, this, &VantuPage::on_url_change);
+    runBridgeScripts();
+    if (!webView->settings()->testAttribute(QWebSettings::JavascriptEnabled))
+        setJavaScript(true);
+    connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
+    connect(webView, &QGraphicsWebView::urlChanged, this, &VantuPage::on_url_change);
+    webView->setZoomFactor(g_ZoomFactor);
+
+    if (state == SendMessageState) {
+        if (currentUrl() != QLatin1String(K_LINK_FRIENDS))
+            addPickedFriend();
+        return;
+    }
+    updateButtonVisible();
+}
+
+void VantuPage::runBridgeScripts()
+{
+    for (const char *script : K_BRIDGE_SCRIPTS)
+        webView->page()->mainFrame()->evaluateJavaScript(QLatin1String(script));
+}
+
+void VantuPage::addPickedFriend()
+{
+    addrWidget->setVisible(true);
+    txtMessage->show();
+    btnSend->show();
+    btnCancel->show();
+    webView->hide();
+    webView->setGeometry(webViewRect());
+    addrWidget->addNewUIDAddress(_currentUserName, _currentUserUid);
+    webView->setEnabled(true);
+}
+
+void VantuPage::goBack()
+{
+    if (lastState != Normal) {
+        load(QUrl(oldURL));
+        return;
+    }
+    if (webView->page()->mainFrame() && isFacebookUrl(currentUrl()))
+        load(QUrl(oldURL)); // Deliberately without a return: the rules below follow right behind.
+    if (onTwitterPage) {
+        setTiledBackingStore(true);
+        onTwitterPage = false;
+    }
+    const QString target = backTarget(currentUrl(), recommendGameId);
+    if (target.isEmpty())
+        webView->back();
+    else
+        load(QUrl(target));
+}

@@ -1,0 +1,116 @@
+#include "chromerules.h"
+
+#include "globaldefine.h"
+
+#include <QtTest>
+
+Q_DECLARE_METATYPE(VantuState)
+
+namespace {
+
+QString names(const ChromeVisibility &chrome)
+{
+    QStringList shown;
+    const std::pair<bool, const char *> all[] = {{chrome.tabs, "tabs"},          {chrome.cancelAndSend, "cancel+send"},
+                                                 {chrome.info, "info"},          {chrome.quit, "quit"},
+                                                 {chrome.newMessage, "message"}, {chrome.back, "back"},
+                                                 {chrome.edit, "edit"},          {chrome.add, "add"},
+                                                 {chrome.interact, "interact"},  {chrome.recommend, "recommend"}};
+    for (const auto &[visible, name] : all) {
+        if (visible)
+            shown << QLatin1String(name);
+    }
+    return shown.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class ChromeRulesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void commandsOfEachPage_data();
+    void commandsOfEachPage();
+    void composersShowCancelAndSend_data();
+    void composersShowCancelAndSend();
+    void anotherHostGetsBackOnly();
+};
+
+void ChromeRulesTest::commandsOfEachPage_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("commands");
+    const auto row = [](const char *path, const char *commands) {
+        QTest::newRow(path) << QString::fromLatin1(path) << QString::fromLatin1(commands);
+    };
+    row("/vantu/", "info quit");
+    row("/VANTU/", "info quit");
+    row("/vantu/?lg=EN&country=FR", "quit");
+    row("/VANTU/?lg=EN", "back");
+    row("/vantu", "back");
+    row("/vantu/login", "quit");
+    row("/vantu/LOGIN", "quit back");
+    row("/vantu/login/index", "quit");
+    row("/vantu/login/index/again", "quit");
+    row("/vantu/login?iDelete=3", "quit");
+    row("/vantu/login?other=3", "");
+    row("/vantu/login/forgotten", "");
+    row("/vantu/messages/index", "message");
+    row("/vantu/messages/INDEX", "back");
+    row("/vantu/messages/index/page/2", "message back");
+    row("/vantu/messages/show/id/4", "back");
+    row("/vantu/friends", "add");
+    row("/vantu/FRIENDS", "add");
+    row("/vantu/friends/", "back add");
+    row("/vantu/friends?iDelete=p7", "back add");
+    row("/vantu/friends/index/page/2", "back add");
+    row("/vantu/friends/add-friends/", "back");
+    row("/vantu/friends/?select=yes", "back");
+    row("/vantu/games", "");
+    row("/vantu/games/show-game/gid/7", "back recommend");
+    row("/vantu/GAMES/show-game/gid/7", "back");
+    row("/vantu/games/recommend-via-mail/id/", "recommend");
+    row("/vantu/games/recommend-via-mail/id", "back recommend");
+    row("/vantu/games/recommend-via-mail/id/7", "back recommend");
+    row("/vantu/games/trophies/gid/7", "back");
+    row("/vantu/account", "back edit");
+    row("/vantu/Account", "back edit");
+    row("/vantu/account/edit", "back");
+    row("/vantu/account/index/uid/p7", "back interact");
+    row("/VANTU/Account/index/uid/p7", "back interact");
+    row("/vantu/info/", "back");
+}
+
+void ChromeRulesTest::commandsOfEachPage()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, commands);
+    const QString shown = names(chromeFor(QLatin1String(VANTU_SERVICE_ROOT) + path, Normal));
+    QCOMPARE(shown, (QLatin1String("tabs ") + commands).trimmed());
+}
+
+void ChromeRulesTest::composersShowCancelAndSend_data()
+{
+    QTest::addColumn<VantuState>("state");
+    QTest::newRow("message") << SendMessageState;
+    QTest::newRow("e-mail") << SendEmailState;
+}
+
+void ChromeRulesTest::composersShowCancelAndSend()
+{
+    QFETCH(VantuState, state);
+    for (const char *link : {K_LINK_VANTU, K_LINK_FRIENDS, K_LINK_MESSAGES_INDEX, K_URL_PROFILE_PREFIX})
+        QCOMPARE(names(chromeFor(QLatin1String(link), state)), QStringLiteral("cancel+send"));
+    QCOMPARE(names(chromeFor(QLatin1String(K_LINK_EDIT_ACCOUNT), state)), QStringLiteral("cancel+send edit"));
+}
+
+void ChromeRulesTest::anotherHostGetsBackOnly()
+{
+    QCOMPARE(names(chromeFor(QStringLiteral("http://elsewhere.test/vantu/"), Normal)), QStringLiteral("tabs back"));
+    // "Contains" takes in the root wherever it stands, and login anywhere hides back.
+    const QString quoting = QStringLiteral("http://elsewhere.test/?from=") + QLatin1String(K_LINK_LOGIN);
+    QCOMPARE(names(chromeFor(quoting, Normal)), QStringLiteral("tabs"));
+}
+
+QTEST_APPLESS_MAIN(ChromeRulesTest)
+#include "tst_chromerules.moc"

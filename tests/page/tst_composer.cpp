@@ -1,0 +1,278 @@
+#include "portal.h"
+
+#include "addresswidget.h"
+#include "mybutton.h"
+
+#include "mdialog.h"
+#include "mlabel.h"
+#include "mprogressindicator.h"
+#include "mtextedit.h"
+
+#include <QWebSettings>
+
+class ComposerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void messageComposerOpens();
+    void messageGoesOutOnce();
+    void cancelReturnsToThePageBefore();
+    void friendsArePickedFromTheList();
+    void failedPickBringsTheComposerBack();
+    void sendChecksRecipientsFirst();
+    void sendRefusesAnEmptyMessageOnly();
+    void emailComposerOpensAndCloses();
+    void invitationGoesOut();
+    void addButtonOfAnInvitationNeverLoadsTheFriends();
+};
+
+namespace {
+
+const QRectF PLACE(0, 60, 480, 664);
+
+QList<TestService::Request> posts(const Portal &portal)
+{
+    QList<TestService::Request> result;
+    for (const TestService::Request &request : portal.service.requests()) {
+        if (request.method == QLatin1String("POST"))
+            result << request;
+    }
+    return result;
+}
+
+/// The dialogs on screen.
+QList<MDialog *> dialogs(const Portal &portal)
+{
+    QList<MDialog *> result;
+    for (QGraphicsItem *item : portal.window.scene()->items()) {
+        auto *dialog = dynamic_cast<MDialog *>(item);
+        if (dialog && dialog->isVisible())
+            result << dialog;
+    }
+    return result;
+}
+
+} // namespace
+
+void ComposerTest::messageComposerOpens()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.loadPage(QStringLiteral("/vantu/messages/index"));
+    page.txtMessage->setText(QStringLiteral("left over"));
+    page.on_SelectButtonClicked(3);
+    QCOMPARE(page.state, SendMessageState);
+    QVERIFY(page.addrWidget->isVisible());
+    QVERIFY(page.txtMessage->isVisible());
+    QVERIFY(page.txtMessage->text().isEmpty());
+    QVERIFY(page.btnCancel->isVisible() && page.btnSend->isVisible());
+    QVERIFY(!page.webView->isVisible());
+    QVERIFY(!page.btnHome->isVisible());
+    QVERIFY(!page.btnNewMessage->isVisible());
+    QVERIFY(!page.lblSubject->isVisible());
+    QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Send Message"));
+    QCOMPARE(page.lblWebTitle->color(), QColor(Qt::black));
+    QCOMPARE(page.oldURL, Portal::url(QStringLiteral("/vantu/messages/index")));
+}
+
+void ComposerTest::messageGoesOutOnce()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.userID = QStringLiteral("p12");
+    page.recommendGameId = QStringLiteral("7");
+    page.openSendMessagePage();
+    page.addrWidget->addNewUIDAddress(QStringLiteral("Ann"), QStringLiteral("p3"));
+    page.addrWidget->addNewUIDAddress(QStringLiteral("Bob"), QStringLiteral("p4"));
+    page.txtMessage->setText(QStringLiteral(u"1+1=2 & ½\nça va?"));
+    page.on_SelectButtonClicked(8);
+    page.on_SelectButtonClicked(8);
+    QCOMPARE(page.state, Normal);
+    QTRY_COMPARE(posts(portal).size(), 1);
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    QCOMPARE(posts(portal).size(), 1);
+    const TestService::Request post = posts(portal).first();
+    QCOMPARE(post.url, Portal::url(QStringLiteral("/vantu/messages/send-message/android_uid/7p12")));
+    QVERIFY(post.body.startsWith("user_id[]=p3&user_id[]=p4&message="));
+    QCOMPARE(QUrl::fromPercentEncoding(post.body.mid(post.body.indexOf("message=") + 8)),
+             QStringLiteral(u"1+1=2 & ½\nça va?"));
+    QVERIFY(post.cookie.isEmpty());
+}
+
+void ComposerTest::cancelReturnsToThePageBefore()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.loadPage(QStringLiteral("/vantu/messages/index"), {{QStringLiteral("sTitle"), QStringLiteral("'Inbox'")}});
+    page.openSendMessagePage();
+    portal.service.forget();
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.on_SelectButtonClicked(7);
+    QCOMPARE(page.lblWebTitle->text(), QStringLiteral("page title"));
+    QCOMPARE(page.lblWebTitle->color(), QColor(Qt::white));
+    QVERIFY(finished.wait());
+    QCOMPARE(portal.service.urls(), {Portal::url(QStringLiteral("/vantu/messages/index"))});
+    QVERIFY(page.webView->isVisible());
+    QVERIFY(!page.addrWidget->isVisible() && !page.txtMessage->isVisible());
+    QVERIFY(page.btnNewMessage->isVisible());
+    QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Inbox"));
+
+    portal.service.forget();
+    page.on_SelectButtonClicked(7); // In the normal state it closes the keyboard and no more.
+    QVERIFY(portal.service.requests().isEmpty());
+}
+
+void ComposerTest::friendsArePickedFromTheList()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.openSendMessagePage();
+    page.txtMessage->setText(QStringLiteral("written before"));
+    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    emit page.addrWidget->btnAddressClicked();
+    QVERIFY(page.isInFriendSelectionScreen || page.webView->isVisible());
+    QVERIFY(finished.wait());
+    QCOMPARE(page.webView->geometry(), QRectF(0, 0, 480, 814));
+    QVERIFY(page.isInFriendSelectionScreen);
+    QVERIFY(!page.addrWidget->isVisible() && !page.txtMessage->isVisible() && !page.btnSend->isVisible());
+    QVERIFY(page.webView->isEnabled());
+
+    portal.loadPage(
+        QStringLiteral("/vantu/account/index/uid/p3"),
+        {{QStringLiteral("iUserId"), QStringLiteral("'p3'")}, {QStringLiteral("sUserName"), QStringLiteral("'Ann'")}});
+    QCOMPARE(page.state, SendMessageState);
+    QVERIFY(!page.isInFriendSelectionScreen);
+    QVERIFY(page.addrWidget->isVisible() && page.txtMessage->isVisible());
+    QVERIFY(page.btnSend->isVisible() && page.btnCancel->isVisible());
+    QVERIFY(!page.webView->isVisible());
+    QVERIFY(page.webView->isEnabled());
+    QCOMPARE(page.webView->geometry(), PLACE);
+    QCOMPARE(page.addrWidget->getAllAddress(), QStringList(QStringLiteral("p3")));
+    QCOMPARE(page.txtMessage->text(), QStringLiteral("written before"));
+}
+
+void ComposerTest::failedPickBringsTheComposerBack()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.openSendMessagePage();
+    page.txtMessage->setText(QStringLiteral("kept"));
+    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.on_btnAddAddressClicked();
+    QVERIFY(finished.wait());
+    portal.service.goSilent();
+    page.webView->setUrl(QUrl(Portal::url(QStringLiteral("/vantu/account/index/uid/p3"))));
+    QVERIFY(finished.wait());
+    QVERIFY(page.addrWidget->isVisible() && page.txtMessage->isVisible());
+    QVERIFY(page.btnSend->isVisible() && page.btnCancel->isVisible());
+    QVERIFY(!page.webView->isVisible());
+    QVERIFY(!page.isInFriendSelectionScreen);
+    QCOMPARE(page.txtMessage->text(), QStringLiteral("kept"));
+    QCOMPARE(page.addrWidget->getRecipientsCount(), 0);
+    // The next pick, or the page after cancelling, can be used.
+    QVERIFY(page.webView->isEnabled());
+    QCOMPARE(page.webView->geometry(), PLACE);
+}
+
+void ComposerTest::sendChecksRecipientsFirst()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    for (const VantuState state : {SendMessageState, SendEmailState, Normal}) {
+        page.state = state;
+        page.on_SelectButtonClicked(8);
+        QTRY_COMPARE(dialogs(portal).size(), 1);
+        QTest::keyClick(portal.window.viewport(), Qt::Key_Return);
+        QTRY_VERIFY(dialogs(portal).isEmpty());
+        QCOMPARE(page.state, state);
+    }
+    QVERIFY(posts(portal).isEmpty());
+}
+
+void ComposerTest::sendRefusesAnEmptyMessageOnly()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.openSendMessagePage();
+    page.addrWidget->addNewUIDAddress(QStringLiteral("Ann"), QStringLiteral("p3"));
+    page.on_SelectButtonClicked(8);
+    QTRY_COMPARE(dialogs(portal).size(), 1);
+    QCOMPARE(page.state, SendMessageState);
+    QCOMPARE(page.addrWidget->getRecipientsCount(), 1);
+    QVERIFY(posts(portal).isEmpty());
+    QTest::keyClick(portal.window.viewport(), Qt::Key_Escape);
+    QTRY_VERIFY(dialogs(portal).isEmpty());
+
+    page.txtMessage->setText(QStringLiteral("  "));
+    page.on_SelectButtonClicked(8);
+    QTRY_COMPARE(posts(portal).size(), 1);
+    QVERIFY(posts(portal).first().body.endsWith("&message=%20%20"));
+}
+
+void ComposerTest::emailComposerOpensAndCloses()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.loadPage(QStringLiteral("/vantu/games/show-game/gid/7"), {{QStringLiteral("iGameId"), QStringLiteral("7")}});
+    portal.service.answer(QStringLiteral("/vantu/games/recommend-via-mail/id/7"),
+                          {TestService::page({{QStringLiteral("sSubject"), QStringLiteral("'Play'")},
+                                              {QStringLiteral("sTitle"), QStringLiteral("'ignored'")}})});
+    portal.service.answer(QStringLiteral("/vantu/games"), {TestService::page({})});
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.on_UserRecommend(page.mdlRecommendModel.index(0));
+    QVERIFY(finished.wait());
+    QCOMPARE(page.state, SendEmailState);
+    QCOMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/games/recommend-via-mail/id/7")));
+    QCOMPARE(page.webView->geometry(), QRectF(0, 310, 480, 530));
+    QVERIFY(page.webView->isVisible() && page.addrWidget->isVisible() && page.lblSubject->isVisible());
+    QVERIFY(!page.txtMessage->isVisible() && !page.btnHome->isVisible());
+    QVERIFY(page.btnCancel->isVisible() && page.btnSend->isVisible());
+    QCOMPARE(page.lblSubject->text(), QStringLiteral("Subject: Play"));
+    QCOMPARE(page.lblWebTitle->text(), QStringLiteral("New message"));
+    QVERIFY(!page.webView->settings()->testAttribute(QWebSettings::TiledBackingStoreEnabled));
+
+    page.on_SelectButtonClicked(7);
+    QCOMPARE(page.webView->geometry(), PLACE);
+    QVERIFY(!page.addrWidget->isVisible() && !page.lblSubject->isVisible());
+    QVERIFY(page.webView->settings()->testAttribute(QWebSettings::TiledBackingStoreEnabled));
+    QCOMPARE(page.lblWebTitle->text(), QStringLiteral("New message"));
+    QVERIFY(finished.wait());
+    QCOMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/games")));
+    QVERIFY(page.btnHome->isVisible() && !page.btnCancel->isVisible());
+}
+
+void ComposerTest::invitationGoesOut()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.userID = QStringLiteral("p12");
+    page.recommendGameId = QStringLiteral("7");
+    page.openSendEmailPage();
+    page.addrWidget->addNewAddress(QStringLiteral("x+y@z.test"));
+    page.addrWidget->addNewAddress(QStringLiteral("b@z.test"));
+    page.on_SelectButtonClicked(8);
+    QTRY_COMPARE(posts(portal).size(), 1);
+    QCOMPARE(posts(portal).first().url,
+             Portal::url(QStringLiteral("/vantu/games/recommend-via-mail/id/7/android_uid/p12")));
+    QCOMPARE(posts(portal).first().body,
+             QByteArray("name[]=x%2By%40z.test&email[]=x%2By%40z.test&name[]=b%40z.test&email[]=b%40z.test"));
+    QCOMPARE(page.state, Normal);
+}
+
+void ComposerTest::addButtonOfAnInvitationNeverLoadsTheFriends()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.openSendEmailPage();
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    portal.service.forget();
+    page.on_btnAddAddressClicked();
+    QVERIFY(page.addrWidget->isVisible());
+    QVERIFY(!page.progressIndicator->isVisible());
+    QVERIFY(portal.service.requests().isEmpty());
+}
+
+PORTAL_TEST_MAIN(ComposerTest)
+#include "tst_composer.moc"

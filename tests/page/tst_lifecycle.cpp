@@ -1,0 +1,209 @@
+#include "portal.h"
+
+#include "mybutton.h"
+#include "navigationrules.h"
+
+#include "mlabel.h"
+#include "mprogressindicator.h"
+
+#include <QWebFrame>
+#include <QWebHistory>
+#include <QWebSettings>
+
+class LifecycleTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void startPageIsAskedForOnce();
+    void chromeDuringAndAfterALoad();
+    void chromeFollowsTheUrl();
+    void failedLoadLeavesAWayOut();
+    void errorPageIsRecognised_data();
+    void errorPageIsRecognised();
+    void ordinaryPageIsNoErrorPage();
+    void twitterPageSwitchesScriptsOff();
+    void backFollowsTheRules();
+    void backFromFacebookLoadsTheOldPage();
+    void contextMenuStaysClosed();
+};
+
+static bool tiles(const Portal &portal)
+{
+    return portal.page->webView->settings()->testAttribute(QWebSettings::TiledBackingStoreEnabled);
+}
+
+static bool scripts(const Portal &portal)
+{
+    return portal.page->webView->settings()->testAttribute(QWebSettings::JavascriptEnabled);
+}
+
+void LifecycleTest::startPageIsAskedForOnce()
+{
+    TestService service;
+    g_KVB = 12;
+    g_languageIdx = 3;
+    TestPage page;
+    QTRY_COMPARE(service.requests().size(), 1);
+    const QString url = service.urls().first();
+    g_KVB = 0;
+    g_languageIdx = 0;
+    QVERIFY2(url.startsWith(Portal::url(QStringLiteral("/vantu/?lg=IT&country="))), qPrintable(url));
+    QVERIFY2(url.endsWith(QLatin1String("&KVB=12&username=&pass=&remember_me=0&type=MEEGO&width=480&height=854&fb=1")),
+             qPrintable(url));
+}
+
+void LifecycleTest::chromeDuringAndAfterALoad()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.service.answer(QStringLiteral("/vantu/games"), {TestService::page({}), 200, {}, 300});
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.webView->setUrl(QUrl(Portal::url(QStringLiteral("/vantu/games"))));
+    QTRY_VERIFY(page.progressIndicator->isVisible());
+    QVERIFY(page.btnQuit->isVisible());
+    QVERIFY(!page.btnBack->isVisible());
+    QVERIFY(finished.wait());
+    QVERIFY(!page.progressIndicator->isVisible());
+    QVERIFY(!page.btnQuit->isVisible());
+    QVERIFY(page.btnHome->isVisible());
+    QCOMPARE(page.webView->zoomFactor(), 1.5);
+}
+
+void LifecycleTest::chromeFollowsTheUrl()
+{
+    Portal portal;
+    QVERIFY(portal.page->btnQuit->isVisible());
+    portal.loadPage(QStringLiteral("/vantu/account"));
+    QVERIFY(portal.page->btnEdit->isVisible());
+    QVERIFY(portal.page->btnBack->isVisible());
+    QVERIFY(!portal.page->btnQuit->isVisible());
+    portal.loadPage(QStringLiteral("/vantu/account/index/uid/p7"));
+    QVERIFY(portal.page->btnInteract->isVisible());
+    QVERIFY(!portal.page->btnEdit->isVisible());
+}
+
+void LifecycleTest::failedLoadLeavesAWayOut()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.loadPage(QStringLiteral("/vantu/friends"), {{QStringLiteral("sTitle"), QStringLiteral("'Friends'")}});
+    QVERIFY(!page.btnQuit->isVisible());
+    portal.service.goSilent();
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.on_ToggleButtonClicked(3);
+    QVERIFY(finished.wait());
+    QCOMPARE(finished.takeFirst().first().toBool(), false);
+    QVERIFY(page.btnQuit->isVisible());
+    QVERIFY(!page.btnAdd->isVisible());
+    QVERIFY(!page.progressIndicator->isVisible());
+    QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Friends"));
+
+    portal.service.comeBack();
+    portal.loadPage(QStringLiteral("/vantu/games"));
+    QVERIFY(!page.btnQuit->isVisible());
+}
+
+void LifecycleTest::errorPageIsRecognised_data()
+{
+    QTest::addColumn<QString>("sentence");
+    for (const char *sentence : K_ERROR_SENTENCES)
+        QTest::newRow(sentence) << QString::fromUtf8(sentence);
+}
+
+void LifecycleTest::errorPageIsRecognised()
+{
+    QFETCH(QString, sentence);
+    Portal portal;
+    portal.loadPage(QStringLiteral("/vantu/error"), {{QStringLiteral("sTitle"), QStringLiteral("'Oops'")}},
+                    QStringLiteral("<p>%1.</p>").arg(sentence));
+    QVERIFY(onErrorPage);
+    QVERIFY(!tiles(portal));
+    QVERIFY(portal.page->webView->page()->selectedText().isEmpty());
+    QCOMPARE(portal.page->lblWebTitle->text(), QStringLiteral("Oops"));
+
+    portal.loadPage(QStringLiteral("/vantu/games"));
+    QVERIFY(!onErrorPage);
+    QVERIFY(tiles(portal));
+}
+
+void LifecycleTest::ordinaryPageIsNoErrorPage()
+{
+    Portal portal;
+    portal.loadPage(QStringLiteral("/vantu/info/"), {}, QStringLiteral("An error has occurred"));
+    QVERIFY(!onErrorPage);
+    QVERIFY(tiles(portal));
+}
+
+void LifecycleTest::twitterPageSwitchesScriptsOff()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.service.answerUrl(QStringLiteral("http://twitter.test/share"),
+                             {TestService::page({{QStringLiteral("sTitle"), QStringLiteral("'no script ran'")}})});
+    QStringList log;
+    QObject observer;
+    connect(page.webView, &QGraphicsWebView::urlChanged, &observer,
+            [&] { log << (scripts(portal) ? QStringLiteral("on") : QStringLiteral("off")); });
+    connect(page.webView, &QGraphicsWebView::loadFinished, &observer,
+            [&] { log << (scripts(portal) ? QStringLiteral("on") : QStringLiteral("off")); });
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.webView->setUrl(QUrl(QStringLiteral("http://twitter.test/share")));
+    QTRY_VERIFY(!finished.isEmpty());
+    QVERIFY(onTwitterPage);
+    QVERIFY(!tiles(portal));
+    QVERIFY(scripts(portal)); // Back on once the page has loaded.
+
+    portal.loadPage(QStringLiteral("/vantu/games/signal-twitter-send/gid/7"));
+    QVERIFY(onTwitterPage); // Both ends hold the word.
+    portal.loadPage(QStringLiteral("/vantu/games"));
+    portal.loadPage(QStringLiteral("/vantu/friends"));
+    QVERIFY(!onTwitterPage);
+    QVERIFY(tiles(portal));
+}
+
+void LifecycleTest::backFollowsTheRules()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    const auto back = [&] {
+        QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+        page.goBack();
+        finished.wait();
+        return portal.shownUrl();
+    };
+    portal.loadPage(QStringLiteral("/vantu/games"));
+    portal.loadPage(QStringLiteral("/vantu/games/show-game/gid/7"));
+    portal.loadPage(QStringLiteral("/vantu/games/trophies/gid/7"), {{QStringLiteral("iGameId"), QStringLiteral("7")}});
+    QCOMPARE(back(), Portal::url(QStringLiteral("/vantu/games/show-game/gid/7")));
+    QCOMPARE(back(), Portal::url(QStringLiteral("/vantu/games")));
+    portal.loadPage(QStringLiteral("/vantu/info/"));
+    QCOMPARE(back(), Portal::url(QStringLiteral("/vantu/games")));
+}
+
+void LifecycleTest::backFromFacebookLoadsTheOldPage()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.loadPage(QStringLiteral("/vantu/games/show-game/gid/7"));
+    portal.service.answerUrl(QStringLiteral("http://facebook.test/share"), {TestService::page({})});
+    page.oldURL = portal.shownUrl();
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.webView->setUrl(QUrl(QStringLiteral("http://facebook.test/share")));
+    QVERIFY(finished.wait());
+    page.goBack();
+    QTRY_VERIFY(!portal.shownUrl().contains(QLatin1String("facebook")));
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    QVERIFY(portal.shownUrl().startsWith(Portal::url(QStringLiteral("/vantu/games"))));
+}
+
+void LifecycleTest::contextMenuStaysClosed()
+{
+    Portal portal;
+    QWidget *viewport = portal.window.viewport();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, viewport->rect().center());
+    QCoreApplication::sendEvent(viewport, &menu);
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+PORTAL_TEST_MAIN(LifecycleTest)
+#include "tst_lifecycle.moc"

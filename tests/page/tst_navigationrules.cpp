@@ -1,0 +1,51 @@
+#include "navigationrules.h"
+
+#include "globaldefine.h"
+
+#include <QtTest>
+
+class NavigationRulesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void backLeadsUpOneLevel_data();
+    void backLeadsUpOneLevel();
+    void sharingSitesAreKnownByAWord();
+};
+
+void NavigationRulesTest::backLeadsUpOneLevel_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("target");
+    const auto row = [](const char *path, const char *target) {
+        QTest::newRow(path) << QString::fromLatin1(path) << QString::fromLatin1(target);
+    };
+    row("/vantu/games/show-game/gid/7", "/vantu/games");
+    row("/vantu/games/show-game/gid/7/fb_send/yes", "/vantu/games");
+    row("/vantu/games/show-game/gid", "/vantu/games");
+    row("/vantu/games/show-game/7", "");
+    row("/vantu/games/trophies/gid/5", "/vantu/games/show-game/gid/42");
+    row("/vantu/games/Trophies/gid/5", "");
+    row("/vantu/games/signal-twitter-send/gid/5", "/vantu/games/trophies/gid/42");
+    row("/vantu/games/compare/uid/p7", "");
+    row("/vantu/friends", "");
+}
+
+void NavigationRulesTest::backLeadsUpOneLevel()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, target);
+    const QString root = QLatin1String(VANTU_SERVICE_ROOT);
+    QCOMPARE(backTarget(root + path, QStringLiteral("42")), target.isEmpty() ? QString() : root + target);
+}
+
+void NavigationRulesTest::sharingSitesAreKnownByAWord()
+{
+    QVERIFY(isTwitterUrl(QStringLiteral("https://Twitter.test/share?x=1")));
+    QVERIFY(!isTwitterUrl(QStringLiteral("http://vantu.test/vantu/")));
+    QVERIFY(isFacebookUrl(QStringLiteral("http://m.FaceBook.test/")));
+    QVERIFY(!isFacebookUrl(QLatin1String(K_LINK_RECOMMEND_FACEBOOK)));
+}
+
+QTEST_APPLESS_MAIN(NavigationRulesTest)
+#include "tst_navigationrules.moc"

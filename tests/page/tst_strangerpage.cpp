@@ -1,0 +1,135 @@
+#include "portal.h"
+
+#include "addresswidget.h"
+#include "mybutton.h"
+
+#include "mlabel.h"
+#include "mprogressindicator.h"
+
+#include <QWebFrame>
+
+/// Pages are strangers: whatever one does to the bridge, the player keeps a working companion.
+class StrangerPageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void oddValues_data();
+    void oddValues();
+    void slotsInsideSlots();
+    void everySlotAtAnyTime();
+    void pageCannotBeTakenAway_data();
+    void pageCannotBeTakenAway();
+    void loadsFromInsideTheBridge();
+};
+
+void StrangerPageTest::oddValues_data()
+{
+    QTest::addColumn<QString>("literal");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("number") << QStringLiteral("42") << QStringLiteral("42");
+    QTest::newRow("boolean") << QStringLiteral("true") << QStringLiteral("true");
+    QTest::newRow("object") << QStringLiteral("{toString: function() { return 'odd'; }}") << QStringLiteral("odd");
+    QTest::newRow("array") << QStringLiteral("['a', 'b']") << QStringLiteral("a,b");
+    QTest::newRow("empty") << QStringLiteral("''") << QString();
+    QTest::newRow("throwing") << QStringLiteral("{toString: function() { throw 'no'; }}") << QStringLiteral("before");
+    QTest::newRow("very long") << QStringLiteral("Array(1000001).join('x')") << QString(1000000, QLatin1Char('x'));
+    QTest::newRow("markup") << QStringLiteral("'<b>bold</b> &amp;'") << QStringLiteral("<b>bold</b> &amp;");
+}
+
+void StrangerPageTest::oddValues()
+{
+    QFETCH(QString, literal);
+    Portal portal;
+    portal.page->lblWebTitle->setText(QStringLiteral("before"));
+    const auto all = [&literal] {
+        QMap<QString, QString> variables;
+        for (const char *name : {"sUserUid", "iInboxMessages", "iGamesMessages", "iFriendsMessages", "iGameId",
+                                 "sSubject", "bIsFriend", "bShowAdd", "bShowEvaluate", "iUserId", "sUserName", "sTitle",
+                                 "strUserName", "strPassword", "blnRememberMe"})
+            variables.insert(QLatin1String(name), literal);
+        return variables;
+    };
+    portal.loadPage(QStringLiteral("/vantu/games"), all());
+    QTEST(portal.page->lblWebTitle->text(), "title");
+    QVERIFY(!portal.page->progressIndicator->isVisible());
+    portal.window.grab();
+}
+
+void StrangerPageTest::slotsInsideSlots()
+{
+    Portal portal;
+    const QString hostile = QStringLiteral("{toString: function() { VANTU.on_pageLoadStarted();"
+                                           " VANTU.on_pageLoadFinished(true); VANTU.on_pageLoadFinished(false);"
+                                           " VANTU.showTitle(this); return 'deep'; }}");
+    portal.loadPage(QStringLiteral("/vantu/friends"),
+                    {{QStringLiteral("sUserUid"), hostile}, {QStringLiteral("sTitle"), QStringLiteral("'Friends'")}});
+    QCOMPARE(portal.page->lblWebTitle->text(), QStringLiteral("Friends"));
+    QVERIFY(portal.page->btnAdd->isVisible());
+    QVERIFY(!portal.page->progressIndicator->isVisible());
+}
+
+void StrangerPageTest::everySlotAtAnyTime()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.load(QStringLiteral("/vantu/info/"), R"(<body><script>
+        var arguments_ = [undefined, null, 0, -1, 1e300, NaN, 'text', {}, [], function() {}, VANTU, window];
+        for (var name in VANTU) {
+            if (typeof VANTU[name] != 'function' || /quit|SelectButton|deleteLater|destroyed/i.test(name))
+                continue;
+            for (var i = 0; i < arguments_.length; ++i) {
+                try { VANTU[name](arguments_[i]); } catch (e) {}
+                try { VANTU[name](); } catch (e) {}
+            }
+        }
+        for (var id = 3; id < 10; ++id)
+            VANTU.on_SelectButtonClicked(id);
+    </script>)");
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    // Whatever state that left: cancel and a tab lead back to a usable page.
+    for (int i = 0; i < 10 && page.state != Normal; ++i)
+        page.on_SelectButtonClicked(7);
+    QCOMPARE(page.state, Normal);
+    portal.loadPage(QStringLiteral("/vantu/"));
+    QVERIFY(page.btnQuit->isVisible());
+    QVERIFY(page.isVisible());
+}
+
+void StrangerPageTest::pageCannotBeTakenAway_data()
+{
+    QTest::addColumn<QString>("script");
+    for (const char *script : {"VANTU.visible = false", "VANTU.enabled = false", "VANTU.opacity = 0", "VANTU.x = 5000",
+                               "VANTU.scale = 0.001", "VANTU.rotation = 180", "VANTU.close()", "VANTU.deleteLater()",
+                               "VANTU.disappear()", "VANTU.dismiss()", "VANTU.parent = null", "VANTU.z = -5000"})
+        QTest::newRow(script) << QString::fromLatin1(script);
+}
+
+void StrangerPageTest::pageCannotBeTakenAway()
+{
+    QFETCH(QString, script);
+    Portal portal;
+    portal.load(QStringLiteral("/vantu/"),
+                QStringLiteral("<body>x<script>try { %1; } catch (e) {}</script>").arg(script).toUtf8());
+    QTest::qWait(0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    TestPage &page = *portal.page;
+    QVERIFY(page.isVisible());
+    QVERIFY(page.isEnabled());
+    QCOMPARE(page.effectiveOpacity(), 1.0);
+    QCOMPARE(page.mapRectToScene(page.rect()), QRectF(0, 0, 480, 814));
+    QCOMPARE(page.scene(), portal.window.scene());
+}
+
+void StrangerPageTest::loadsFromInsideTheBridge()
+{
+    Portal portal;
+    portal.service.answer(QStringLiteral("/vantu/games"), {TestService::page({})});
+    const QString hostile = QStringLiteral(
+        "{toString: function() { VANTU.on_ToggleButtonClicked(3); VANTU.attachObjectToJS(); return 'p1'; }}");
+    portal.loadPage(QStringLiteral("/vantu/friends"), {{QStringLiteral("sUserName"), hostile}});
+    QTRY_COMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/games")));
+    QTRY_VERIFY(!portal.page->progressIndicator->isVisible());
+}
+
+PORTAL_TEST_MAIN(StrangerPageTest)
+#include "tst_strangerpage.moc"

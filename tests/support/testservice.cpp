@@ -1,0 +1,118 @@
+#include "testservice.h"
+
+#include "globaldefine.h"
+
+#include <QMutexLocker>
+#include <QNetworkProxy>
+#include <QStringList>
+
+#include <chrono>
+#include <httplib.h>
+
+namespace {
+
+QByteArray bytes(const std::string &text)
+{
+    return QByteArray(text.data(), static_cast<int>(text.size()));
+}
+
+} // namespace
+
+TestService::TestService()
+    : server(std::make_unique<httplib::Server>())
+{
+    const auto handle = [this](const httplib::Request &request, httplib::Response &response) {
+        const QString method = QString::fromStdString(request.method);
+        const QString url = QString::fromStdString(request.target);
+        Answer answer;
+        {
+            const QMutexLocker lock(&mutex);
+            seen.append({method, url, bytes(request.get_header_value("Content-Type")),
+                         bytes(request.get_header_value("Cookie")), bytes(request.body)});
+            answer = answers.value(url, answers.value(url.section(QLatin1Char('?'), 0, 0), {"not found", 404, {}, 0}));
+        }
+        emit requested(method, url);
+        std::this_thread::sleep_for(std::chrono::milliseconds(answer.delay));
+        response.status = answer.status;
+        if (!answer.location.isEmpty())
+            response.set_header("Location", answer.location.constData());
+        response.set_content(answer.html.constData(), answer.html.size(), "text/html; charset=utf-8");
+    };
+    server->set_keep_alive_max_count(1);
+    server->set_pre_routing_handler([this](const httplib::Request &, httplib::Response &response) {
+        const QMutexLocker lock(&mutex);
+        if (!silent)
+            return httplib::Server::HandlerResponse::Unhandled;
+        // A promise of content that is never kept: the client sees the connection break.
+        response.set_content_provider(1000, "text/html", [](size_t, size_t, httplib::DataSink &) { return false; });
+        return httplib::Server::HandlerResponse::Handled;
+    });
+    server->Get(".*", handle);
+    server->Post(".*", handle);
+    const int port = server->bind_to_any_port("127.0.0.1");
+    thread = std::thread([this] { server->listen_after_bind(); });
+    while (!server->is_running())
+        std::this_thread::yield();
+    QNetworkProxy::setApplicationProxy(
+        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), static_cast<quint16>(port)));
+}
+
+TestService::~TestService()
+{
+    QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::NoProxy));
+    server->stop();
+    thread.join();
+}
+
+void TestService::answer(const QString &path, const Answer &answer)
+{
+    answerUrl(QLatin1String(VANTU_SERVICE_ROOT) + path, answer);
+}
+
+void TestService::answerUrl(const QString &url, const Answer &answer)
+{
+    const QMutexLocker lock(&mutex);
+    answers.insert(url, answer);
+}
+
+void TestService::goSilent()
+{
+    const QMutexLocker lock(&mutex);
+    silent = true;
+}
+
+void TestService::comeBack()
+{
+    const QMutexLocker lock(&mutex);
+    silent = false;
+}
+
+QList<TestService::Request> TestService::requests() const
+{
+    const QMutexLocker lock(&mutex);
+    return seen;
+}
+
+QStringList TestService::urls(const QString &method) const
+{
+    QStringList result;
+    for (const Request &request : requests()) {
+        if (request.method == method)
+            result << request.url;
+    }
+    return result;
+}
+
+void TestService::forget()
+{
+    const QMutexLocker lock(&mutex);
+    seen.clear();
+}
+
+QByteArray TestService::page(const QMap<QString, QString> &variables, const QString &body)
+{
+    QString html = QStringLiteral("<!DOCTYPE html><meta charset='utf-8'><title>page title</title><script>");
+    for (auto it = variables.begin(); it != variables.end(); ++it)
+        html += QStringLiteral("var %1 = %2;").arg(it.key(), it.value());
+    return (html + QStringLiteral("</script><body>") + body).toUtf8();
+}
