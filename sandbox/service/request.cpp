@@ -20,25 +20,6 @@ bool isSecret(std::string name)
     return name.find("pass") != std::string::npos;
 }
 
-// Log lines stay lines whatever a player typed.
-std::string quoted(const std::string &text)
-{
-    static const char digits[] = "0123456789abcdef";
-    std::string result = "\"";
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\')
-            result += {'\\', c};
-        else if (c == '\n')
-            result += "\\n";
-        else if (byte < 0x20 || byte == 0x7F)
-            result += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
-        else
-            result += c;
-    }
-    return result + '"';
-}
-
 // Length of the UTF-8 sequence at the start of @p text, 0 when it is malformed, overlong or a surrogate.
 std::size_t sequenceLength(std::string_view text)
 {
@@ -57,6 +38,26 @@ std::size_t sequenceLength(std::string_view text)
     }
     const bool overlong = code < (length == 2 ? 0x80U : length == 3 ? 0x800U : 0x10000U);
     return overlong || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF) ? 0 : length;
+}
+
+// Log lines stay lines, and text stays text, whatever a visitor sent.
+std::string printable(const std::string &text)
+{
+    static const char digits[] = "0123456789abcdef";
+    const bool isUtf8 = isText(text, text.size());
+    std::string result;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\')
+            result += {'\\', c};
+        else if (c == '\n')
+            result += "\\n";
+        else if (byte < 0x20 || byte == 0x7F || (byte >= 0x80 && !isUtf8))
+            result += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
+        else
+            result += c;
+    }
+    return result;
 }
 
 } // namespace
@@ -159,8 +160,8 @@ std::string withoutPassword(const std::string &target)
 
 std::string logLine(const Request &request, int status)
 {
-    std::string line = request.method + ' ' + withoutPassword(request.target) + ' ' + std::to_string(status);
+    std::string line = request.method + ' ' + printable(withoutPassword(request.target)) + ' ' + std::to_string(status);
     for (const auto &[name, content] : request.form)
-        line += ' ' + (isText(name, 40) ? name : quoted(name)) + '=' + (isSecret(name) ? "***" : quoted(content));
+        line += ' ' + printable(name) + "=\"" + (isSecret(name) ? "***" : printable(content)) + '"';
     return line;
 }

@@ -67,7 +67,7 @@ constexpr SeedPlayer players[] = {
     {"u108", "mateusz", "Mateusz Kowalski", "Łódź", "Gram na czas"},
     {"u109", "sofia", "Sofia Papadaki", "Θεσσαλονίκη", "Σιγά σιγά"},
     {"u110", "noah", "Noah van Dijk", "Utrecht", "Altijd op de fiets"},
-    {"u111", "yuki", "Yuki Tanaka", "大阪", "もう一回！"},
+    {"u111", "yuki", "Yuki Tanaka", "Ōsaka", "Mō ikkai!"},
     {"u112", "amara", "Amara Okafor", "Lagos", "Play fair, win big"},
 };
 
@@ -124,7 +124,7 @@ constexpr SeedMessage messages[] = {
     {1500, "u104", {"u102"}, true, "Schaffst du die Endstation in Night Tram ohne Umweg?"},
     {700, "u105", {"u101"}, false, "¡Enhorabuena por el trofeo! ¿Me enseñas el truco?"},
     {300, "u102", {"u101", "u103", "u105"}, false, "Who is in for a round of Pebble Kings tonight?\n\nBianchi vs. the rest of the world & his dog."},
-    {95, "u111", {"u101"}, false, "はじめまして! Nice to meet you, Emma. Your high score in Kite Harbour is amazing."},
+    {95, "u111", {"u101"}, false, "Hajimemashite! Nice to meet you, Emma. Your high score in Kite Harbour is amazing."},
     {40, "u107", {"u103"}, false, "Marie, tens uma chave a mais?"},
 };
 

@@ -264,7 +264,7 @@ Reply Site::slowPage(Visit &visit)
     }
     Page page("slow.tpl", visit.session.language);
     page.content().set("TEXT", phrase("WAITED", visit.session.language, std::to_string(milliseconds)));
-    return show(visit, page, phrase("T_INFO", visit.session.language));
+    return show(visit, page, "Vantu");
 }
 
 // A page that never arrives whole.

@@ -39,7 +39,7 @@ const std::vector<Phrase> phrases = {
     {"T_COMPARE", {"Compare games", "Comparer", "Vergleich", "Confronta", "Comparar"}},
     {"T_ACCOUNT", {"My account", "Mon compte", "Mein Konto", "Il mio account", "Mi cuenta"}},
     {"T_EDIT", {"Edit account", "Modifier", "Bearbeiten", "Modifica", "Editar"}},
-    {"T_INFO", {"About", "À propos", "Über", "Info", "Acerca de"}},
+    {"T_INFO", {"About Vantu", "À propos", "Über Vantu", "Info su Vantu", "Acerca de Vantu"}},
     {"T_INVITE", {"Invitation", "Invitation", "Einladung", "Invito", "Invitación"}},
     {"T_PROBLEM", {"Sorry", "Désolé", "Tut uns leid", "Spiacenti", "Lo sentimos"}},
     {"T_ERROR", {"Error", "Erreur", "Fehler", "Errore", "Error"}},
@@ -48,9 +48,9 @@ const std::vector<Phrase> phrases = {
     {"ERROR_SENTENCE", {"An error has occurred inside the application", "Une erreur est survenue dans l'application", "In der Anwendung ist ein Fehler aufgetreten", "Si è verificato un errore nell'applicazione", "Ha ocurrido un error en la aplicación"}},
     {"ERROR_HINT", {"Please try again in a moment.", "Veuillez réessayer dans un instant.", "Bitte versuche es gleich noch einmal.", "Riprova tra un momento.", "Inténtalo de nuevo en un momento."}},
     {"NOT_FOUND", {"There is no such page.", "Cette page n'existe pas.", "Diese Seite gibt es nicht.", "Questa pagina non esiste.", "Esta página no existe."}},
-    {"BAD_REQUEST", {"That did not work: something in the request is not right.", "Cela n'a pas marché : la demande n'est pas correcte.", "Das hat nicht geklappt: Die Anfrage ist nicht in Ordnung.", "Non ha funzionato: la richiesta non è corretta.", "No ha funcionado: la petición no es correcta."}},
+    {"BAD_REQUEST", {"That did not work: something in the request is not right.", "Cela n'a pas marché : la demande n'est pas correcte.", "Das hat nicht geklappt: Die Anfrage ist nicht in Ordnung.", "Non ha funzionato: la richiesta non è corretta.", "No ha funcionado: la petición no es correcta."}},
     {"GO_HOME", {"To the home page", "Vers l'accueil", "Zur Startseite", "Alla pagina iniziale", "A la página de inicio"}},
-    {"WAITED", {"This page took its time: % milliseconds.", "Cette page a pris son temps : % millisecondes.", "Diese Seite hat sich Zeit gelassen: % Millisekunden.", "Questa pagina se l'è presa comoda: % millisecondi.", "Esta página se ha tomado su tiempo: % milisegundos."}},
+    {"WAITED", {"This page took its time: % milliseconds.", "Cette page a pris son temps : % millisecondes.", "Diese Seite hat sich Zeit gelassen: % Millisekunden.", "Questa pagina se l'è presa comoda: % millisecondi.", "Esta página se ha tomado su tiempo: % milisegundos."}},
 
     // Signing in.
     {"WELCOME", {"Play together", "Jouez ensemble", "Spielt zusammen", "Giocate insieme", "Jugad juntos"}},
@@ -60,11 +60,11 @@ const std::vector<Phrase> phrases = {
     {"REMEMBER_ME", {"Remember me", "Se souvenir de moi", "Angemeldet bleiben", "Ricordami", "Recordarme"}},
     {"WRONG_LOGIN", {"User name or password is wrong.", "Identifiant ou mot de passe incorrect.", "Benutzername oder Passwort ist falsch.", "Nome utente o password errati.", "Usuario o contraseña incorrectos."}},
     {"SIGNED_OUT", {"You are signed out.", "Vous êtes déconnecté.", "Du bist abgemeldet.", "Sei uscito.", "Has salido."}},
-    {"GUEST_HINT", {"To try it out:", "Pour essayer :", "Zum Ausprobieren:", "Per provare:", "Para probar:"}},
+    {"GUEST_HINT", {"To try it out:", "Pour essayer :", "Zum Ausprobieren:", "Per provare:", "Para probar:"}},
     {"SIGN_OUT", {"Sign out", "Se déconnecter", "Abmelden", "Esci", "Salir"}},
 
     // Home.
-    {"HELLO", {"Hello, %!", "Bonjour % !", "Hallo, %!", "Ciao, %!", "¡Hola, %!"}},
+    {"HELLO", {"Hello, %!", "Bonjour % !", "Hallo, %!", "Ciao, %!", "¡Hola, %!"}},
     {"UNREAD_MESSAGES", {"Unread messages", "Messages non lus", "Ungelesene Nachrichten", "Messaggi non letti", "Mensajes sin leer"}},
     {"NEW_FRIENDS", {"New friends", "Nouveaux amis", "Neue Freunde", "Nuovi amici", "Amigos nuevos"}},
     {"NEW_TROPHIES", {"New trophies", "Nouveaux trophées", "Neue Trophäen", "Nuovi trofei", "Trofeos nuevos"}},
@@ -103,9 +103,9 @@ const std::vector<Phrase> phrases = {
     {"NOT_WON", {"Not won yet", "Pas encore gagné", "Noch nicht gewonnen", "Non ancora vinto", "Aún sin ganar"}},
     {"WON_LABEL", {"Won", "Gagné", "Gewonnen", "Vinto", "Ganado"}},
     {"SHARE", {"Share", "Partager", "Teilen", "Condividi", "Compartir"}},
-    {"SHARE_TEXT", {"I am playing %. Come and play with me!", "Je joue à %. Venez jouer avec moi !", "Ich spiele gerade %. Spiel mit!", "Sto giocando a %. Gioca con me!", "Estoy jugando a %. ¡Juega conmigo!"}},
-    {"SHARED", {"Shared. Thank you!", "C'est partagé. Merci !", "Geteilt. Danke!", "Condiviso. Grazie!", "Compartido. ¡Gracias!"}},
-    {"PRACTICE", {"Practice page: nothing leaves this computer.", "Page d'essai : rien ne quitte cet ordinateur.", "Übungsseite: Nichts verlässt diesen Rechner.", "Pagina di prova: nulla lascia questo computer.", "Página de prueba: nada sale de este ordenador."}},
+    {"SHARE_TEXT", {"I am playing %. Come and play with me!", "Je joue à %. Venez jouer avec moi !", "Ich spiele gerade %. Spiel mit!", "Sto giocando a %. Gioca con me!", "Estoy jugando a %. ¡Juega conmigo!"}},
+    {"SHARED", {"Shared. Thank you!", "C'est partagé. Merci !", "Geteilt. Danke!", "Condiviso. Grazie!", "Compartido. ¡Gracias!"}},
+    {"PRACTICE", {"Practice page: nothing leaves this computer.", "Page d'essai : rien ne quitte cet ordinateur.", "Übungsseite: Nichts verlässt diesen Rechner.", "Pagina di prova: nulla lascia questo computer.", "Página de prueba: nada sale de este ordenador."}},
     {"INVITE_SUBJECT", {"Play % with me", "Jouez à % avec moi", "Spiel % mit mir", "Gioca a % con me", "Juega a % conmigo"}},
     {"INVITE_TEXT", {"your friend % plays here and would like you to come along. Install the game, find your friends and win trophies together.", "% joue ici et aimerait vous voir. Installez le jeu, retrouvez vos amis et gagnez des trophées ensemble.", "% spielt hier und möchte dich dabeihaben. Installiere das Spiel, finde deine Freunde und gewinnt zusammen Trophäen.", "% gioca qui e ti vorrebbe con sé. Installa il gioco, trova i tuoi amici e vincete trofei insieme.", "% juega aquí y le gustaría que vinieras. Instala el juego, encuentra a tus amigos y ganad trofeos juntos."}},
     {"INVITE_GREETING", {"Hello,", "Bonjour,", "Hallo,", "Ciao,", "Hola:"}},
@@ -126,9 +126,9 @@ const std::vector<Phrase> phrases = {
     {"PASSWORD_REFUSED", {"The current password is wrong, or the new one is shorter than 6 characters.", "Le mot de passe actuel est faux, ou le nouveau compte moins de 6 caractères.", "Das bisherige Passwort stimmt nicht, oder das neue hat weniger als 6 Zeichen.", "La password attuale è errata o la nuova ha meno di 6 caratteri.", "La contraseña actual no es correcta o la nueva tiene menos de 6 caracteres."}},
 
     // About.
-    {"ABOUT_1", {"Vantu keeps players together: see what your friends play, write to them, compare trophies and recommend the games you like.", "Vantu réunit les joueurs : voyez à quoi jouent vos amis, écrivez-leur, comparez vos trophées et recommandez vos jeux préférés.", "Vantu hält Spieler zusammen: Sieh, was deine Freunde spielen, schreib ihnen, vergleicht Trophäen und empfiehl Spiele, die dir gefallen.", "Vantu tiene uniti i giocatori: guarda a cosa giocano gli amici, scrivi loro, confronta i trofei e consiglia i giochi che ti piacciono.", "Vantu une a los jugadores: mira a qué juegan tus amigos, escríbeles, compara trofeos y recomienda los juegos que te gustan."}},
+    {"ABOUT_1", {"Vantu keeps players together: see what your friends play, write to them, compare trophies and recommend the games you like.", "Vantu réunit les joueurs : voyez à quoi jouent vos amis, écrivez-leur, comparez vos trophées et recommandez vos jeux préférés.", "Vantu hält Spieler zusammen: Sieh, was deine Freunde spielen, schreib ihnen, vergleicht Trophäen und empfiehl Spiele, die dir gefallen.", "Vantu tiene uniti i giocatori: guarda a cosa giocano gli amici, scrivi loro, confronta i trofei e consiglia i giochi che ti piacciono.", "Vantu une a los jugadores: mira a qué juegan tus amigos, escríbeles, compara trofeos y recomienda los juegos que te gustan."}},
     {"ABOUT_2", {"This service runs on your own computer, for trying out the companion. Players and messages are made up.", "Ce service tourne sur votre ordinateur, pour essayer le compagnon. Joueurs et messages sont inventés.", "Dieser Dienst läuft auf deinem eigenen Rechner, zum Ausprobieren des Begleiters. Spieler und Nachrichten sind erfunden.", "Questo servizio gira sul tuo computer, per provare il companion. Giocatori e messaggi sono inventati.", "Este servicio funciona en tu propio ordenador, para probar el acompañante. Jugadores y mensajes son inventados."}},
-    {"ABOUT_3", {"Your way back: the arrow at the top takes you to the game.", "Le retour : la flèche en haut vous ramène au jeu.", "Zurück: Der Pfeil oben bringt dich ins Spiel.", "Per tornare: la freccia in alto ti riporta al gioco.", "Para volver: la flecha de arriba te lleva al juego."}},
+    {"ABOUT_3", {"Your way back: the arrow at the top takes you to the game.", "Le retour : la flèche en haut vous ramène au jeu.", "Zurück: Der Pfeil oben bringt dich ins Spiel.", "Per tornare: la freccia in alto ti riporta al gioco.", "Para volver: la flecha de arriba te lleva al juego."}},
 };
 // clang-format on
 
