@@ -12,6 +12,10 @@ constexpr int K_TAB_WIDTH = 90;
 constexpr QPoint K_TAB_CENTRE(45, 35);
 constexpr int K_BADGE_TEXT_HEIGHT = 20;
 
+constexpr qreal K_CAPTION_MARGIN = 4;
+constexpr qreal K_TAB_CAPTION_MARGIN = 8; // keeps it on the background, which is narrower than the tab
+constexpr int K_NARROWEST = 70; // percent of a letter's width
+
 enum ImageId {
     BadgeImage = 7,
     FriendsImage = 11,
@@ -29,6 +33,22 @@ void setCaptionStyle(QPainter *painter, int pixelSize)
     font.setWeight(QFont::Bold);
     painter->setFont(font);
     painter->setPen(Qt::white);
+}
+
+/// Draws \a text in \a area, with narrower letters if it would come closer than \a margin to its sides: how wide it is
+/// depends on the font of the system.
+void drawFitted(QPainter *painter, const QRectF &area, qreal margin, int alignment, const QString &text)
+{
+    const QFont font = painter->font();
+    const qreal room = area.width() - 2 * margin;
+    const qreal width = QFontMetricsF(font).horizontalAdvance(text);
+    if (width > room) {
+        QFont narrow = font;
+        narrow.setStretch(qMax(K_NARROWEST, static_cast<int>(100 * room / width)));
+        painter->setFont(narrow);
+    }
+    painter->drawText(area, alignment, text);
+    painter->setFont(font);
 }
 
 QString commandCaption(int textIdx)
@@ -73,8 +93,8 @@ void drawBadge(QPainter *painter, int number)
     const int badgeWidth = image->width();
     const int badgePosX = K_TAB_WIDTH - badgeWidth;
     painter->drawImage(badgePosX, 0, *image);
-    painter->drawText(QRect(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT), Qt::AlignHCenter | Qt::AlignVCenter,
-                      QString::number(number));
+    drawFitted(painter, QRectF(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT), K_CAPTION_MARGIN,
+               Qt::AlignHCenter | Qt::AlignVCenter, QString::number(number));
 }
 
 } // namespace
@@ -99,7 +119,7 @@ void SelectButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
         return;
     painter->drawImage(0, 0, *image);
     setCaptionStyle(painter, 13);
-    painter->drawText(image->rect(), Qt::AlignHCenter | Qt::AlignVCenter, commandCaption(nTextIdx));
+    drawFitted(painter, image->rect(), K_CAPTION_MARGIN, Qt::AlignHCenter | Qt::AlignVCenter, commandCaption(nTextIdx));
 }
 
 ToggleButton::ToggleButton(int iconIdx, QGraphicsItem *parent, MButtonModel *model)
@@ -116,5 +136,6 @@ void ToggleButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
     drawCentred(painter, isDown() || isChecked() ? SelectedImage : UnselectedImage);
     drawCentred(painter, m_iconIdx);
     drawBadge(painter, m_badgeNumber);
-    painter->drawText(QRectF(QPointF(), size()), Qt::AlignBottom | Qt::AlignHCenter, tabCaption(m_iconIdx));
+    drawFitted(painter, QRectF(QPointF(), size()), K_TAB_CAPTION_MARGIN, Qt::AlignBottom | Qt::AlignHCenter,
+               tabCaption(m_iconIdx));
 }
