@@ -32,6 +32,8 @@ AddressWidget::AddressWidget()
     , centralWidget(new MWidget)
 {
     auto *layout = new MLayout;
+    // The caption and the add button just fit their line: no margins of the desktop's style.
+    layout->setContentsMargins(0, 0, 0, 0);
     m_policy = new MFlowLayoutPolicy(layout);
     m_policy->setSpacing(K_SPACING);
 
