@@ -65,7 +65,8 @@ int registerService()
         return 0;
     }
     // Never deleted: the game can be called as long as its process lives.
-    bus.registerObject(objectPath, new ServiceHandler, QDBusConnection::ExportAllSlots);
+    static auto *const handler = new ServiceHandler;
+    bus.registerObject(objectPath, handler, QDBusConnection::ExportAllSlots);
     qDebug("-------------------Register OK");
     return 0;
 }
