@@ -1,7 +1,7 @@
 #include "mbutton.h"
 
 #include "mbuttongroup.h"
-#include "mwidgetstyle.h"
+#include "mstyle.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -50,6 +50,7 @@ void MButton::setText(const QString &text)
     if (text == m_text)
         return;
     m_text = text;
+    m_fitted = false;
     updateGeometry();
     update();
 }
@@ -210,8 +211,10 @@ void MButton::focusOutEvent(QFocusEvent *event)
 void MButton::changeEvent(QEvent *event)
 {
     MWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange) {
+        m_fitted = false;
         updateGeometry();
+    }
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         cancelPress();
     update();
@@ -220,6 +223,7 @@ void MButton::changeEvent(QEvent *event)
 void MButton::resizeEvent(QGraphicsSceneResizeEvent *event)
 {
     MWidget::resizeEvent(event);
+    m_fitted = false;
     if (m_focusRing)
         showFocusRing(true);
 }
@@ -235,7 +239,7 @@ void MButton::showFocusRing(bool shown)
     if (!m_focusRing) {
         m_focusRing = new QGraphicsPathItem(this);
         m_focusRing->setAcceptedMouseButtons(Qt::NoButton);
-        m_focusRing->setPen(QPen(MStyle::accent, MStyle::focusRingWidth));
+        m_focusRing->setPen(QPen(QColor(MStyle::accentColor), MStyle::focusRingWidth));
     }
     const qreal inset = MStyle::focusRingWidth / 2;
     QPainterPath path;
@@ -268,37 +272,41 @@ void MButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget
 void MButton::drawFrame(QPainter *painter) const
 {
     const QRectF frame = rect().adjusted(0.5, 0.5, -0.5, -0.5);
-    QLinearGradient glass(frame.topLeft(), frame.bottomLeft());
-    if (m_down) {
-        glass.setColorAt(0, MStyle::buttonDownTop);
-        glass.setColorAt(1, MStyle::buttonDownBottom);
-    } else if (m_checked) {
-        glass.setColorAt(0, MStyle::buttonCheckedTop);
-        glass.setColorAt(1, MStyle::buttonCheckedBottom);
-    } else {
-        glass.setColorAt(0, MStyle::buttonTop);
-        glass.setColorAt(0.5, MStyle::buttonMiddle);
-        glass.setColorAt(1, MStyle::buttonBottom);
-    }
-    painter->setPen(QPen(MStyle::buttonBorder, 1));
-    painter->setBrush(glass);
+    const bool lit = m_down || m_checked;
+    QLinearGradient face(frame.topLeft(), frame.bottomLeft());
+    face.setColorAt(0,
+                    m_down          ? MStyle::buttonDownTopColor
+                        : m_checked ? MStyle::buttonCheckedTopColor
+                                    : MStyle::buttonTopColor);
+    face.setColorAt(1,
+                    m_down          ? MStyle::buttonDownBottomColor
+                        : m_checked ? MStyle::buttonCheckedBottomColor
+                                    : MStyle::buttonBottomColor);
+    painter->setPen(QPen(QColor(lit ? MStyle::buttonLitRimColor : MStyle::buttonRimColor), 1));
+    painter->setBrush(face);
     painter->drawRoundedRect(frame, MStyle::buttonRadius, MStyle::buttonRadius);
-    if (!m_down) {
-        const qreal inset = MStyle::buttonRadius;
-        painter->setPen(QPen(MStyle::buttonSheen, 1));
-        painter->drawLine(frame.topLeft() + QPointF(inset, 1), frame.topRight() + QPointF(-inset, 1));
-    }
+    painter->setPen(QPen(QColor::fromRgba(m_down ? MStyle::buttonDownGlossColor : MStyle::buttonGlossColor), 1));
+    painter->drawLine(frame.topLeft() + QPointF(MStyle::buttonRadius, 1),
+                      frame.topRight() + QPointF(-MStyle::buttonRadius, 1));
 }
 
-void MButton::drawText(QPainter *painter) const
+void MButton::drawText(QPainter *painter)
 {
     const QRectF area = rect().adjusted(MStyle::buttonTextMargin, 0, -MStyle::buttonTextMargin, 0);
-    QFont textFont = font();
-    while (textFont.pixelSize() > MStyle::buttonSmallestTextSize
-           && QFontMetricsF(textFont).horizontalAdvance(m_text) > area.width())
-        textFont.setPixelSize(textFont.pixelSize() - 1);
-    painter->setFont(textFont);
-    painter->setPen(MStyle::buttonText);
-    const QString shown = QFontMetricsF(textFont).elidedText(m_text, Qt::ElideRight, area.width());
-    painter->drawText(area, Qt::AlignCenter | Qt::TextSingleLine, shown);
+    if (!m_fitted) {
+        fitText(area.width());
+        m_fitted = true;
+    }
+    painter->setFont(m_fittedFont);
+    painter->setPen(QColor(MStyle::buttonTextColor));
+    painter->drawText(area, Qt::AlignCenter | Qt::TextSingleLine, m_fittedText);
+}
+
+void MButton::fitText(qreal width)
+{
+    m_fittedFont = font();
+    while (m_fittedFont.pixelSize() > MStyle::buttonSmallestTextSize
+           && QFontMetricsF(m_fittedFont).horizontalAdvance(m_text) > width)
+        m_fittedFont.setPixelSize(m_fittedFont.pixelSize() - 1);
+    m_fittedText = QFontMetricsF(m_fittedFont).elidedText(m_text, Qt::ElideRight, width);
 }

@@ -2,6 +2,7 @@
 
 #include "mwidget.h"
 
+#include <QFont>
 #include <QPointer>
 #include <QString>
 
@@ -83,11 +84,15 @@ private:
     void cancelPress();
     bool staysChecked() const;
     void drawFrame(QPainter *painter) const;
-    void drawText(QPainter *painter) const;
+    void drawText(QPainter *painter);
+    void fitText(qreal width);
     void showFocusRing(bool shown);
 
     QString m_text;
     QString m_viewType = defaultType;
+    QString m_fittedText; // with m_fittedFont, once m_fitted
+    QFont m_fittedFont;
+    bool m_fitted = false;
     QPointer<MButtonGroup> m_group;
     QGraphicsPathItem *m_focusRing = nullptr; // a child item
     bool m_down = false;

@@ -1,6 +1,6 @@
 #include "mlabel.h"
 
-#include "mwidgetstyle.h"
+#include "mstyle.h"
 
 #include <QEvent>
 #include <QFontMetricsF>
@@ -11,7 +11,7 @@ namespace {
 
 QFont labelFont(QFont font)
 {
-    font.setPixelSize(MStyle::labelTextSize);
+    font.setPixelSize(MStyle::fontPixelSize);
     return font;
 }
 
@@ -25,7 +25,7 @@ MLabel::MLabel(QGraphicsItem *parent)
 MLabel::MLabel(const QString &text, QGraphicsItem *parent)
     : MWidget(parent)
     , m_text(text)
-    , m_color(MStyle::labelText)
+    , m_color(MStyle::labelTextColor)
 {
     setFont(labelFont(font()));
 }
@@ -45,9 +45,15 @@ void MLabel::setText(const QString &text)
     textChanged();
 }
 
+void MLabel::setFont(const QFont &font)
+{
+    MWidget::setFont(font);
+    textChanged();
+}
+
 void MLabel::setColor(const QColor &color)
 {
-    m_color = color.isValid() ? color : MStyle::labelText;
+    m_color = color.isValid() ? color : QColor(MStyle::labelTextColor);
     update();
 }
 

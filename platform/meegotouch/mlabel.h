@@ -8,7 +8,7 @@
 
 /// Plain text in one or more lines. Line breaks in the text are kept; what does not fit is elided, to the right in
 /// each line and after the last line for which there is room. Dark text, aligned to the left and centred vertically,
-/// until told otherwise; the font is the widget's own (setFont()).
+/// until told otherwise.
 class MLabel : public MWidget {
     Q_OBJECT
 
@@ -18,6 +18,9 @@ public:
 
     QString text() const { return m_text; }
     void setText(const QString &text);
+
+    /// The widget's own font; named here because Qt tells a widget of a new font only once it is in a scene.
+    void setFont(const QFont &font);
 
     QColor color() const { return m_color; }
     /// An invalid colour brings back the default one.

@@ -1,28 +1,31 @@
 #include "mpannableviewport.h"
 
-#include "mwidgetstyle.h"
+#include "mpositionbar.h"
+#include "mstyle.h"
 
 #include <QEvent>
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
-#include <QScroller>
-#include <QScrollerProperties>
 #include <QScrollEvent>
 #include <QScrollPrepareEvent>
 
 MPannableViewport::MPannableViewport(QGraphicsItem *parent)
     : MWidget(parent)
+    , m_bar(new MPositionBar(this))
+    , m_tracker(this)
 {
     setFlag(ItemClipsChildrenToShape);
     setFiltersChildEvents(true);
     setAcceptedMouseButtons(Qt::LeftButton);
-    m_clock.start();
 }
 
 MPannableViewport::~MPannableViewport()
 {
+    // The items in it that go after this class may still move the focus and have their layout change.
     disconnect(m_focusConnection);
+    if (m_content)
+        m_content->removeEventFilter(this);
 }
 
 void MPannableViewport::setWidget(QGraphicsWidget *widget)
@@ -31,12 +34,13 @@ void MPannableViewport::setWidget(QGraphicsWidget *widget)
         return;
     delete m_content;
     m_content = widget;
+    m_tracker.stop();
     m_position = 0;
     if (m_content) {
         m_content->setParentItem(this);
         m_content->installEventFilter(this);
+        m_content->setPos(0, 0);
         fitContent();
-        moveContent(0);
     }
     updateGeometry();
 }
@@ -48,14 +52,17 @@ qreal MPannableViewport::range() const
 
 void MPannableViewport::setPosition(qreal position)
 {
-    m_position = qBound<qreal>(0, position, range());
-    moveContent(-m_position);
+    m_tracker.stop();
+    showAt(position, 0);
 }
 
-void MPannableViewport::moveContent(qreal y)
+void MPannableViewport::showAt(qreal position, qreal overshoot)
 {
-    if (m_content)
-        m_content->setPos(0, y);
+    m_position = qBound<qreal>(0, position, range());
+    if (!m_content)
+        return;
+    m_content->setPos(0, -m_position - overshoot);
+    m_bar->show(rect(), m_content->size().height(), m_position);
 }
 
 void MPannableViewport::fitContent()
@@ -63,17 +70,10 @@ void MPannableViewport::fitContent()
     if (!m_content)
         return;
     const qreal width = size().width();
-    const QSizeF hint = m_content->effectiveSizeHint(Qt::PreferredSize, QSizeF(width, -1));
-    const qreal formerRange = range();
-    m_content->resize(width, hint.height());
-    if (qFuzzyCompare(1 + formerRange, 1 + range()))
-        return;
-    // A running flick keeps to the new ends by itself; its own position wins.
-    QScroller *scroller = QScroller::scroller(this);
-    if (scroller->state() == QScroller::Inactive)
-        setPosition(m_position);
-    else
-        scroller->resendPrepareEvent();
+    m_content->resize(width, m_content->effectiveSizeHint(Qt::PreferredSize, QSizeF(width, -1)).height());
+    // A finger or a flick that is moving the content goes on within the new ends.
+    if (!m_tracker.adapt() && m_position > range())
+        showAt(m_position, 0);
 }
 
 bool MPannableViewport::event(QEvent *event)
@@ -92,20 +92,15 @@ bool MPannableViewport::event(QEvent *event)
 
 void MPannableViewport::prepareScroll(QScrollPrepareEvent *event)
 {
-    if (range() <= 0) {
-        event->ignore();
-        return;
-    }
     event->setViewportSize(size());
     event->setContentPosRange(QRectF(0, 0, 0, range()));
     event->setContentPos(QPointF(0, m_position));
-    event->accept();
+    event->setAccepted(range() > 0);
 }
 
 void MPannableViewport::scroll(const QScrollEvent *event)
 {
-    m_position = qBound<qreal>(0, event->contentPos().y(), range());
-    moveContent(-m_position - event->overshootDistance().y());
+    showAt(event->contentPos().y(), event->overshootDistance().y());
 }
 
 /// The content's layout posts a request to the content whenever what it holds has changed.
@@ -125,72 +120,45 @@ bool MPannableViewport::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
     case QEvent::GraphicsSceneMouseMove:
         return trackMove(static_cast<QGraphicsSceneMouseEvent *>(event));
     case QEvent::GraphicsSceneMouseRelease:
-        trackRelease(static_cast<QGraphicsSceneMouseEvent *>(event)->scenePos());
+        m_tracker.release();
         return false;
     case QEvent::UngrabMouse:
-        if (!m_panning)
-            trackRelease(m_lastPosition);
+        if (!m_hasMouse)
+            m_tracker.release();
         return false;
     default:
         return MWidget::sceneEventFilter(watched, event);
     }
 }
 
-/// Returns whether the press is used up: one that stops a flick clicks nothing.
+/// Returns whether the press is used up.
 bool MPannableViewport::trackPress(QGraphicsSceneMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton || !m_tracker.press(event->scenePos()))
         return false;
-    // The press goes through the items under it until one accepts it, and is seen here at each.
-    if (m_tracking && m_lastPosition == event->scenePos())
-        return m_panning;
-    m_lastPosition = event->scenePos();
-    m_tracking = true;
-    QScroller *scroller = QScroller::scroller(this);
-    const bool wasMoving = scroller->state() == QScroller::Scrolling;
-    QScrollerProperties properties = scroller->scrollerProperties();
-    properties.setScrollMetric(QScrollerProperties::DragStartDistance,
-                               MStyle::panStartDistance / scroller->pixelPerMeter().y());
-    scroller->setScrollerProperties(properties);
-    scroller->handleInput(QScroller::InputPress, mapFromScene(m_lastPosition), m_clock.elapsed());
-    if (wasMoving) {
-        event->accept();
-        takeMouse();
-    }
-    return wasMoving;
+    event->accept();
+    takeMouse();
+    return true;
 }
 
 bool MPannableViewport::trackMove(QGraphicsSceneMouseEvent *event)
 {
-    if (!m_tracking)
-        return false;
-    m_lastPosition = event->scenePos();
-    QScroller *scroller = QScroller::scroller(this);
-    scroller->handleInput(QScroller::InputMove, mapFromScene(m_lastPosition), m_clock.elapsed());
-    if (!m_panning && scroller->state() == QScroller::Dragging)
+    if (m_tracker.move(event->scenePos()) && !m_hasMouse)
         takeMouse();
-    return m_panning;
+    return m_hasMouse;
 }
 
-void MPannableViewport::trackRelease(const QPointF &scenePosition)
-{
-    if (!m_tracking)
-        return;
-    m_tracking = false;
-    QScroller::scroller(this)->handleInput(QScroller::InputRelease, mapFromScene(scenePosition), m_clock.elapsed());
-}
-
-/// The item that had the mouse is told that it lost it, so a button comes up without a click.
+/// Whoever had the mouse is told that it lost it, so a button comes up without a click.
 void MPannableViewport::takeMouse()
 {
-    m_panning = true;
+    m_hasMouse = true;
     grabMouse();
 }
 
 void MPannableViewport::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    event->accept();
     trackPress(event);
+    event->accept();
 }
 
 void MPannableViewport::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
@@ -198,18 +166,18 @@ void MPannableViewport::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     trackMove(event);
 }
 
-void MPannableViewport::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+void MPannableViewport::mouseReleaseEvent(QGraphicsSceneMouseEvent *)
 {
-    trackRelease(event->scenePos());
-    if (m_panning)
+    m_tracker.release();
+    if (m_hasMouse)
         ungrabMouse();
 }
 
 void MPannableViewport::ungrabMouseEvent(QEvent *event)
 {
     MWidget::ungrabMouseEvent(event);
-    m_panning = false;
-    trackRelease(m_lastPosition);
+    m_hasMouse = false;
+    m_tracker.release();
 }
 
 void MPannableViewport::wheelEvent(QGraphicsSceneWheelEvent *event)
@@ -218,8 +186,8 @@ void MPannableViewport::wheelEvent(QGraphicsSceneWheelEvent *event)
         event->ignore();
         return;
     }
-    QScroller::scroller(this)->stop();
-    setPosition(m_position - event->delta() / 120.0 * MStyle::wheelNotchDistance);
+    constexpr qreal notch = 120;
+    setPosition(m_position - event->delta() / notch * MStyle::wheelNotchDistance);
     event->accept();
 }
 
@@ -227,7 +195,6 @@ void MPannableViewport::resizeEvent(QGraphicsSceneResizeEvent *event)
 {
     MWidget::resizeEvent(event);
     fitContent();
-    setPosition(m_position);
 }
 
 QVariant MPannableViewport::itemChange(GraphicsItemChange change, const QVariant &value)
@@ -235,24 +202,24 @@ QVariant MPannableViewport::itemChange(GraphicsItemChange change, const QVariant
     if (change == ItemSceneHasChanged) {
         disconnect(m_focusConnection);
         if (scene()) {
-            m_focusConnection = connect(
-                scene(), &QGraphicsScene::focusItemChanged, this,
-                [this](QGraphicsItem *item, QGraphicsItem *, Qt::FocusReason reason) { reveal(item, reason); });
+            m_focusConnection = connect(scene(), &QGraphicsScene::focusItemChanged, this,
+                                        [this](QGraphicsItem *item, QGraphicsItem *, Qt::FocusReason reason) {
+                                            if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
+                                                reveal(item);
+                                        });
         }
     }
     return MWidget::itemChange(change, value);
 }
 
-void MPannableViewport::reveal(QGraphicsItem *item, Qt::FocusReason reason)
+void MPannableViewport::reveal(const QGraphicsItem *item)
 {
-    const bool byKeyboard = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-    if (!byKeyboard || !item || !m_content || !m_content->isAncestorOf(item))
+    if (!item || !m_content || !m_content->isAncestorOf(item))
         return;
-    const QRectF place = item->mapRectToItem(m_content, item->boundingRect());
-    const qreal top = place.top() - MStyle::revealMargin;
-    const qreal bottom = place.bottom() + MStyle::revealMargin;
-    QScroller::scroller(this)->stop();
-    setPosition(qMin(top, qMax(m_position, bottom - size().height())));
+    const QRectF place = item->mapRectToItem(m_content, item->boundingRect())
+                             .adjusted(0, -MStyle::revealMargin, 0, MStyle::revealMargin);
+    setPosition(
+        qBound(place.bottom() - size().height(), m_position, qMax(place.top(), place.bottom() - size().height())));
 }
 
 QSizeF MPannableViewport::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const

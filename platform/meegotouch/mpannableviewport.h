@@ -1,18 +1,19 @@
 #pragma once
 
+#include "mpantracker.h"
 #include "mwidget.h"
 
-#include <QElapsedTimer>
 #include <QMetaObject>
 #include <QPointer>
 
+class MPositionBar;
 class QScrollEvent;
 class QScrollPrepareEvent;
 
 /// A window onto a widget that may be higher than itself. The content gets the viewport's width and the height that
 /// it prefers for that width; it is clipped, and panned vertically by dragging or flicking it anywhere, also on the
 /// buttons in it, with mouse or finger, by the wheel, and by moving the keyboard focus in it. A press that becomes a
-/// drag is taken away from the button that had it, which does not click.
+/// drag is taken away from the button that had it, which does not click; nor does one that stops a flick.
 class MPannableViewport : public MWidget {
     Q_OBJECT
 
@@ -45,20 +46,18 @@ protected:
 private:
     bool trackPress(QGraphicsSceneMouseEvent *event);
     bool trackMove(QGraphicsSceneMouseEvent *event);
-    void trackRelease(const QPointF &scenePosition);
     void takeMouse();
     void prepareScroll(QScrollPrepareEvent *event);
     void scroll(const QScrollEvent *event);
     void fitContent();
-    void moveContent(qreal y);
-    void reveal(QGraphicsItem *item, Qt::FocusReason reason);
+    void showAt(qreal position, qreal overshoot);
+    void reveal(const QGraphicsItem *item);
     qreal range() const;
 
     QPointer<QGraphicsWidget> m_content;
+    MPositionBar *m_bar; // a child item
     QMetaObject::Connection m_focusConnection;
-    QElapsedTimer m_clock;
-    QPointF m_lastPosition; // of the pointer, in the scene
+    MPanTracker m_tracker;
     qreal m_position = 0;
-    bool m_tracking = false; // a press has been seen and its release has not
-    bool m_panning = false; // the mouse is ours
+    bool m_hasMouse = false;
 };

@@ -1,6 +1,6 @@
 #include "mprogressindicator.h"
 
-#include "mwidgetstyle.h"
+#include "mstyle.h"
 
 #include <QGraphicsScene>
 #include <QPainter>
@@ -29,7 +29,7 @@ void MProgressIndicator::startOrStop()
         m_timer.stop();
     } else if (!m_timer.isActive()) {
         m_paintedSinceTick = true;
-        m_timer.start(MStyle::spinnerFrameTime, Qt::PreciseTimer, this);
+        m_timer.start(MStyle::spinnerFrameDuration, Qt::PreciseTimer, this);
     }
 }
 
@@ -61,18 +61,18 @@ void MProgressIndicator::paint(QPainter *painter, const QStyleOptionGraphicsItem
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(rect().center());
-    painter->setPen(QPen(MStyle::spinnerPlateEdge, 1));
-    painter->setBrush(MStyle::spinnerPlate);
+    painter->setPen(QPen(QColor::fromRgba(MStyle::spinnerPlateRimColor), 1));
+    painter->setBrush(QColor::fromRgba(MStyle::spinnerPlateColor));
     const qreal plate = side / 2 - 0.5;
     painter->drawRoundedRect(QRectF(-plate, -plate, 2 * plate, 2 * plate), side / 6, side / 6);
     const qreal turn
-        = m_unknownDuration ? qreal(m_clock.elapsed() % MStyle::spinnerTurnTime) / MStyle::spinnerTurnTime : 0;
+        = m_unknownDuration ? qreal(m_clock.elapsed() % MStyle::spinnerTurnDuration) / MStyle::spinnerTurnDuration : 0;
     painter->setPen(Qt::NoPen);
     for (int i = 0; i < MStyle::spinnerDots; ++i) {
         const qreal place = qreal(i) / MStyle::spinnerDots;
         // 1 right behind the head of the comet, falling to 0 at the end of its tail.
         const qreal brightness = 1 - (turn - place - std::floor(turn - place));
-        QColor dot = MStyle::spinnerDot;
+        QColor dot(MStyle::spinnerDotColor);
         dot.setAlphaF(0.15 + 0.85 * brightness * brightness);
         painter->setBrush(dot);
         painter->save();

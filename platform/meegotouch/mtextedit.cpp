@@ -1,13 +1,21 @@
 #include "mtextedit.h"
 
 #include "minputmethodstate.h"
-#include "mwidgetstyle.h"
+#include "mpositionbar.h"
+#include "mstyle.h"
 
 #include <QEvent>
 #include <QGraphicsProxyWidget>
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScrollBar>
+#include <QScrollEvent>
+#include <QScrollPrepareEvent>
+#include <QTextDocument>
 #include <QTextEdit>
+#include <QValidator>
 
 namespace {
 
@@ -32,14 +40,31 @@ Qt::InputMethodHints hintsFor(M::TextContentType type)
 QPalette fieldPalette()
 {
     QPalette palette;
-    palette.setColor(QPalette::Window, MStyle::fieldBackground);
-    palette.setColor(QPalette::Base, MStyle::fieldBackground);
-    palette.setColor(QPalette::WindowText, MStyle::fieldText);
-    palette.setColor(QPalette::Text, MStyle::fieldText);
-    palette.setColor(QPalette::Highlight, MStyle::fieldSelection);
-    palette.setColor(QPalette::HighlightedText, MStyle::fieldSelectedText);
+    palette.setColor(QPalette::Window, QColor(MStyle::fieldColor));
+    palette.setColor(QPalette::Base, QColor(MStyle::fieldColor));
+    palette.setColor(QPalette::WindowText, QColor(MStyle::fieldTextColor));
+    palette.setColor(QPalette::Text, QColor(MStyle::fieldTextColor));
+    palette.setColor(QPalette::Highlight, QColor(MStyle::fieldSelectionColor));
+    palette.setColor(QPalette::HighlightedText, QColor(MStyle::fieldSelectedTextColor));
     return palette;
 }
+
+/// Lets everything pass, but makes spaces of the line breaks that a paste may bring.
+class OneLine : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &input, int &) const override
+    {
+        input.replace(QLatin1String("\r\n"), QLatin1String(" "));
+        for (QChar &character : input) {
+            if (character == QLatin1Char('\n') || character == QLatin1Char('\r') || character == QChar::LineSeparator
+                || character == QChar::ParagraphSeparator)
+                character = QLatin1Char(' ');
+        }
+        return Acceptable;
+    }
+};
 
 } // namespace
 
@@ -47,9 +72,11 @@ MTextEdit::MTextEdit(MTextEditModel::LineMode mode, const QString &text, QGraphi
     : MWidget(parent)
     , m_proxy(new QGraphicsProxyWidget(this))
     , m_editor(mode == MTextEditModel::SingleLine ? makeLine() : makeArea())
+    , m_bar(new MPositionBar(this))
+    , m_tracker(this)
 {
     QFont textFont = m_editor->font();
-    textFont.setPixelSize(MStyle::fieldTextSize);
+    textFont.setPixelSize(MStyle::fontPixelSize);
     m_editor->setFont(textFont);
     m_editor->setPalette(fieldPalette());
     m_editor->setMinimumSize(1, 1);
@@ -57,6 +84,8 @@ MTextEdit::MTextEdit(MTextEditModel::LineMode mode, const QString &text, QGraphi
     m_proxy->setWidget(m_editor);
     setFocusProxy(m_proxy);
     setFocusPolicy(Qt::StrongFocus);
+    setFiltersChildEvents(true);
+    setContentType(M::FreeTextContentType);
     setText(text);
 }
 
@@ -65,12 +94,16 @@ MTextEdit::~MTextEdit()
     // The editor goes with its proxy, after this class is gone; it need not tell of its last changes.
     m_editor->removeEventFilter(this);
     m_editor->disconnect(this);
+    if (m_area)
+        m_area->verticalScrollBar()->disconnect(this);
 }
 
 QWidget *MTextEdit::makeLine()
 {
     m_line = new QLineEdit;
     m_line->setFrame(false);
+    m_line->setValidator(new OneLine(m_line));
+    m_line->setTextMargins(int(MStyle::fieldPadding), 0, int(MStyle::fieldPadding), 0);
     connect(m_line, &QLineEdit::textChanged, this, &MTextEdit::textChanged);
     connect(m_line, &QLineEdit::returnPressed, this, &MTextEdit::returnPressed);
     return m_line;
@@ -80,10 +113,13 @@ QWidget *MTextEdit::makeArea()
 {
     m_area = new QTextEdit;
     m_area->setAcceptRichText(false);
+    m_area->document()->setDocumentMargin(MStyle::fieldPadding);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setTabChangesFocus(true);
     connect(m_area, &QTextEdit::textChanged, this, &MTextEdit::textChanged);
+    connect(m_area->verticalScrollBar(), &QScrollBar::valueChanged, this, &MTextEdit::showPosition);
     return m_area;
 }
 
@@ -94,6 +130,7 @@ QString MTextEdit::text() const
 
 void MTextEdit::setText(const QString &text)
 {
+    m_tracker.stop();
     if (m_line)
         m_line->setText(text);
     else
@@ -127,6 +164,24 @@ void MTextEdit::setFocusPolicy(Qt::FocusPolicy policy)
     setFlag(ItemIsFocusable, policy != Qt::NoFocus);
 }
 
+bool MTextEdit::event(QEvent *event)
+{
+    if (m_area && event->type() == QEvent::ScrollPrepare) {
+        const QScrollBar *bar = m_area->verticalScrollBar();
+        auto *prepare = static_cast<QScrollPrepareEvent *>(event);
+        prepare->setViewportSize(m_proxy->size());
+        prepare->setContentPosRange(QRectF(0, 0, 0, bar->maximum()));
+        prepare->setContentPos(QPointF(0, bar->value()));
+        prepare->setAccepted(bar->maximum() > 0);
+        return true;
+    }
+    if (m_area && event->type() == QEvent::Scroll) {
+        m_area->verticalScrollBar()->setValue(qRound(static_cast<QScrollEvent *>(event)->contentPos().y()));
+        return true;
+    }
+    return MWidget::event(event);
+}
+
 bool MTextEdit::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_editor) {
@@ -138,12 +193,66 @@ bool MTextEdit::eventFilter(QObject *watched, QEvent *event)
     return MWidget::eventFilter(watched, event);
 }
 
+/// A finger pans a long text, where a mouse selects: the editor hears of a finger's press only once it has turned out
+/// to be a tap.
+bool MTextEdit::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
+{
+    auto *mouse = static_cast<QGraphicsSceneMouseEvent *>(event);
+    switch (event->type()) {
+    case QEvent::GraphicsSceneMousePress:
+        if (!m_area || m_area->verticalScrollBar()->maximum() == 0 || mouse->button() != Qt::LeftButton
+            || mouse->source() == Qt::MouseEventNotSynthesized)
+            return false;
+        m_panned = m_tracker.press(mouse->scenePos());
+        event->accept();
+        return true;
+    case QEvent::GraphicsSceneMouseMove:
+        if (!m_tracker.isTracking())
+            return false;
+        if (m_tracker.move(mouse->scenePos()))
+            m_panned = true;
+        return true;
+    case QEvent::GraphicsSceneMouseRelease:
+        if (!m_tracker.isTracking())
+            return false;
+        m_tracker.release();
+        if (!m_panned)
+            tap(watched, *mouse);
+        return m_panned;
+    case QEvent::UngrabMouse:
+        m_tracker.release();
+        return false;
+    default:
+        return MWidget::sceneEventFilter(watched, event);
+    }
+}
+
+/// Delivers the press that was held back, right before its @p release.
+void MTextEdit::tap(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release)
+{
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    press.setWidget(release.widget());
+    press.setPos(release.pos());
+    press.setScenePos(release.scenePos());
+    press.setScreenPos(release.screenPos());
+    press.setButton(release.button());
+    press.setButtons(release.button());
+    press.setModifiers(release.modifiers());
+    scene()->sendEvent(editor, &press);
+}
+
+void MTextEdit::showPosition()
+{
+    const QScrollBar *bar = m_area->verticalScrollBar();
+    m_bar->show(m_proxy->geometry(), m_proxy->size().height() + bar->maximum(), bar->value());
+}
+
 QSizeF MTextEdit::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
 {
     if (which == Qt::MinimumSize)
         return QSizeF(0, 0);
     if (which == Qt::PreferredSize)
-        return QSizeF(MStyle::fieldWidth, m_line ? MStyle::fieldLineHeight : MStyle::fieldMultiLineHeight);
+        return QSizeF(MStyle::fieldWidth, m_line ? MStyle::fieldHeight : MStyle::fieldMultiLineHeight);
     return MWidget::sizeHint(which, constraint);
 }
 
@@ -157,9 +266,9 @@ void MTextEdit::changeEvent(QEvent *event)
 void MTextEdit::resizeEvent(QGraphicsSceneResizeEvent *event)
 {
     MWidget::resizeEvent(event);
-    const qreal side = MStyle::fieldMargin;
-    const qreal edge = m_line ? 2 : side / 2;
-    m_proxy->setGeometry(rect().adjusted(side, edge, -side, -edge));
+    // The editor is a plain rectangle: it has to keep off the round corners.
+    constexpr qreal inset = MStyle::fieldInset;
+    m_proxy->setGeometry(rect().adjusted(inset, inset, -inset, -inset));
 }
 
 void MTextEdit::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
@@ -169,8 +278,8 @@ void MTextEdit::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidg
     const bool focused = hasFocus();
     const qreal penWidth = focused ? MStyle::focusRingWidth : 1;
     const qreal inset = penWidth / 2;
-    painter->setPen(QPen(focused ? MStyle::accent : MStyle::fieldBorder, penWidth));
-    painter->setBrush(MStyle::fieldBackground);
+    painter->setPen(QPen(QColor(focused ? MStyle::accentColor : MStyle::fieldRimColor), penWidth));
+    painter->setBrush(QColor(MStyle::fieldColor));
     painter->drawRoundedRect(rect().adjusted(inset, inset, -inset, -inset), MStyle::fieldRadius, MStyle::fieldRadius);
     painter->restore();
 }

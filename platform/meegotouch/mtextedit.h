@@ -1,10 +1,12 @@
 #pragma once
 
 #include "mnamespace.h"
+#include "mpantracker.h"
 #include "mwidget.h"
 
 #include <QString>
 
+class MPositionBar;
 class QGraphicsProxyWidget;
 class QLineEdit;
 class QTextEdit;
@@ -16,8 +18,9 @@ public:
 };
 
 /// A field for plain text: dark on light, with Qt's own editor in it, so that cursor, selection, clipboard, undo and
-/// input methods work as everywhere. Asks for the software keyboard when it gets the focus. Key releases that mean
-/// nothing to the editor, Return among them, go on to the items that it lies in.
+/// input methods work as everywhere; a finger pans a text that is longer than the field. Asks for the software keyboard
+/// when it gets the focus. Key releases that mean nothing to the editor, Return among them, go on to the items that it
+/// lies in.
 class MTextEdit : public MWidget {
     Q_OBJECT
 
@@ -49,6 +52,8 @@ signals:
     void returnPressed();
 
 protected:
+    bool event(QEvent *event) override;
+    bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
     void changeEvent(QEvent *event) override;
@@ -57,11 +62,16 @@ protected:
 private:
     QWidget *makeLine();
     QWidget *makeArea();
+    void tap(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release);
+    void showPosition();
 
     // The proxy is a child item and owns the editor: one of m_line and m_area, as the line mode says.
     QGraphicsProxyWidget *m_proxy;
     QLineEdit *m_line = nullptr;
     QTextEdit *m_area = nullptr;
     QWidget *m_editor;
+    MPositionBar *m_bar; // a child item
+    MPanTracker m_tracker;
+    bool m_panned = false; // since the last press
     M::TextContentType m_contentType = M::FreeTextContentType;
 };
