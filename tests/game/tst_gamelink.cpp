@@ -1,62 +1,22 @@
+#include "gamepeer.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusVirtualObject>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QtTest>
 
 #include <cstring>
-#include <functional>
 
-using Answer = std::function<QDBusMessage(const QDBusMessage &)>;
-Q_DECLARE_METATYPE(Answer)
+Q_DECLARE_METATYPE(GamePeer::Answer)
 
 namespace {
 
-const QString gameName = QStringLiteral("com.quelmora.QtDBus.Torvane");
+using Answer = GamePeer::Answer;
 
 const QByteArray hint = "Cannot connect to the D-Bus session bus.\n"
                         "To start it, run:\n"
                         "\teval `dbus-launch --auto-syntax`\n";
-
-/// A game by somebody else: answers any call on "/" as it is told, on a bus connection of its own, and leaves the bus
-/// in the middle of the call when it is told no answer.
-class Stranger : public QDBusVirtualObject {
-public:
-    explicit Stranger(Answer answer, const QString &described = QString())
-        : m_answer(std::move(answer))
-        , m_described(described)
-    {
-        QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
-        bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SingleNode);
-        bus.registerService(gameName);
-    }
-    ~Stranger() override { leave(); }
-
-    QString introspect(const QString &) const override { return m_described; }
-
-    bool handleMessage(const QDBusMessage &call, const QDBusConnection &connection) override
-    {
-        if (call.member() == QLatin1String("Introspect"))
-            return false;
-        calls << call;
-        const QDBusMessage reply = m_answer(call);
-        if (reply.type() == QDBusMessage::InvalidMessage)
-            QTimer::singleShot(0, this, &Stranger::leave);
-        else
-            connection.send(reply);
-        return true;
-    }
-
-    QList<QDBusMessage> calls;
-
-private:
-    void leave() { QDBusConnection::disconnectFromBus(connectionName); }
-
-    const QString connectionName = QStringLiteral("stranger");
-    Answer m_answer;
-    QString m_described;
-};
 
 /// A process that uses the link, with a console that is read.
 class LinkUser : public QProcess {
@@ -118,9 +78,8 @@ void GameLinkTest::strangersAnswer_data()
     const QByteArray noString
         = "Call failed: Unexpected reply signature: got \"<empty signature>\", expected \"s\" (QString)\n";
 
-    QTest::newRow("with a string") << Answer(
-        [](const QDBusMessage &call) { return call.createReply(QStringLiteral("heard")); })
-                                   << QString() << QByteArray("call ok") << QByteArray();
+    QTest::newRow("with a string") << Answer(GamePeer::answerString) << QString() << QByteArray("call ok")
+                                   << QByteArray();
     QTest::newRow("with an empty string")
         << Answer([](const QDBusMessage &call) { return call.createReply(QString()); }) << QString()
         << QByteArray("call ok") << QByteArray();
@@ -145,7 +104,7 @@ void GameLinkTest::strangersAnswer()
 {
     QFETCH(Answer, answer);
     QFETCH(QString, described);
-    Stranger game(answer, described);
+    GamePeer game(answer, described);
     LinkUser companion({QStringLiteral("send"), QStringLiteral("QUIT")});
     QVERIFY(companion.ends());
     QCOMPARE(companion.exitCode(), 0);
@@ -155,7 +114,7 @@ void GameLinkTest::strangersAnswer()
 
 void GameLinkTest::messageArrivesAsItIs()
 {
-    Stranger game([](const QDBusMessage &call) { return call.createReply(QString()); });
+    GamePeer game;
     LinkUser companion({QStringLiteral("send"), QStringLiteral("RESUMEGAME")});
     QVERIFY(companion.ends());
     QCOMPARE(game.calls.size(), 1);
@@ -177,10 +136,10 @@ void GameLinkTest::nobodyOwnsTheName()
 void GameLinkTest::nobodyIsAtThePath()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    QVERIFY(bus.registerService(gameName));
+    QVERIFY(bus.registerService(GamePeer::name()));
     LinkUser companion({QStringLiteral("send"), QStringLiteral("QUIT")});
     QVERIFY(companion.ends());
-    QVERIFY(bus.unregisterService(gameName));
+    QVERIFY(bus.unregisterService(GamePeer::name()));
     QCOMPARE(companion.readAllStandardError(), QByteArray("Call failed: No such object path '/'\n"));
 }
 
@@ -208,7 +167,7 @@ void GameLinkTest::ownersAreSeen()
     QCOMPARE(before.exitCode(), 0);
     QCOMPARE(before.readAllStandardError(), QByteArray("-------------------IsRunning FAIL\n"));
 
-    Stranger game([](const QDBusMessage &call) { return call.createReply(); });
+    GamePeer game;
     LinkUser then({QStringLiteral("running")});
     QVERIFY(then.ends());
     QCOMPARE(then.exitCode(), 1);
@@ -233,7 +192,7 @@ void GameLinkTest::registeredGameOutlivesNonsense()
     QCOMPARE(game.nextLine(QProcess::StandardError), QByteArray("-------------------Register OK\n"));
 
     const auto ask = [](const QString &method, const QVariantList &arguments) {
-        QDBusMessage call = QDBusMessage::createMethodCall(gameName, QStringLiteral("/"), QString(), method);
+        QDBusMessage call = QDBusMessage::createMethodCall(GamePeer::name(), QStringLiteral("/"), QString(), method);
         call.setArguments(arguments);
         return QDBusConnection::sessionBus().call(call);
     };
@@ -248,7 +207,7 @@ void GameLinkTest::registeredGameOutlivesNonsense()
 
 void GameLinkTest::nameIsTaken()
 {
-    Stranger game([](const QDBusMessage &call) { return call.createReply(); });
+    GamePeer game;
     LinkUser second({QStringLiteral("register")});
     QVERIFY(second.ends());
     QCOMPARE(second.readAllStandardOutput(), QByteArray("0\n"));
