@@ -93,6 +93,8 @@ protected:
     /// Closes the keyboard when Return is released, and deliberately takes every event without the base class's help.
     bool event(QEvent *event) override;
     void gestureEvent(QGestureEvent *event) override;
+    /// Refuses what would move, hide or disable the page on display: a script has these properties in its reach.
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
     QString oldURL; ///< page to return to from a composer or an external sharing page
     QString userID; ///< signed-in player; empty before the sign-in

@@ -191,3 +191,27 @@ void VantuPage::gestureEvent(QGestureEvent *event)
         MInputMethodState::closeSoftwareInputPanel();
     MApplicationPage::gestureEvent(event);
 }
+
+QVariant VantuPage::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (!isOnDisplay())
+        return MApplicationPage::itemChange(change, value);
+    switch (change) {
+    case ItemVisibleChange:
+    case ItemEnabledChange:
+        return true;
+    case ItemOpacityChange:
+    case ItemScaleChange:
+        return 1.0;
+    case ItemRotationChange:
+        return 0.0;
+    case ItemPositionChange:
+        return pos();
+    case ItemZValueChange:
+        return zValue();
+    case ItemParentChange:
+        return QVariant::fromValue(parentItem());
+    default:
+        return MApplicationPage::itemChange(change, value);
+    }
+}

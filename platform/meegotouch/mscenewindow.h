@@ -41,7 +41,8 @@ public:
     /// Whether KeepWhenDone holds.
     bool isKept() const { return m_policy == KeepWhenDone; }
 
-public slots:
+    // Not slots, deliberately: scripts of a page in a web view can call every slot of an object that is shown to them.
+
     /// Takes it off the display for a while.
     void disappear();
 
