@@ -51,6 +51,8 @@ MApplicationWindow::~MApplicationWindow()
             m_scene->removeItem(sceneWindow);
     }
     allWindows.removeOne(this);
+    // While the list of what is on display is still there: what goes with the scene takes itself off it.
+    m_scene.reset();
 }
 
 MApplicationPage *MApplicationWindow::currentPage() const

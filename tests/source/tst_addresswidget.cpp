@@ -50,6 +50,7 @@ private slots:
     void dialogAddsWhatWasTyped();
     void dialogDismissedEmptyAddsNothing();
     void dialogOutlivesThePanel();
+    void windowClosesRightAfterTheDialog();
     void usersArePickedElsewhere();
 
 private:
@@ -301,6 +302,17 @@ void tst_AddressWidget::dialogOutlivesThePanel()
     QTest::keyClicks(m_window->viewport(), QStringLiteral("late"));
     QTest::keyClick(m_window->viewport(), Qt::Key_Return);
     QTRY_VERIFY(!asked);
+}
+
+void tst_AddressWidget::windowClosesRightAfterTheDialog()
+{
+    layOut();
+    tap(addButton());
+    const QPointer<InputDialog> asked(dialog());
+    QTest::keyClick(m_window->viewport(), Qt::Key_Return);
+    m_page.reset();
+    m_window.reset();
+    QVERIFY(!asked);
 }
 
 void tst_AddressWidget::usersArePickedElsewhere()
