@@ -45,7 +45,9 @@ void MApplicationPage::gestureEvent(QGestureEvent *event)
         MSceneWindow::gestureEvent(event);
         return;
     }
-    placeCentralWidget(m_centralWidget->y() + pan->delta().y());
+    const QPointF to = event->mapToGraphicsScene(pan->hotSpot() + pan->offset());
+    const QPointF from = event->mapToGraphicsScene(pan->hotSpot() + pan->lastOffset());
+    placeCentralWidget(m_centralWidget->y() + (to - from).y());
     event->ignore();
     event->accept(pan);
 }

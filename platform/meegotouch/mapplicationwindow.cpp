@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace {
 QVector<MApplicationWindow *> allWindows;
 }
@@ -20,6 +22,8 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
 
     // A few dozen items, some of them always moving: an index would cost more than it finds.
     m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+    // A tap on something that takes no text leaves the cursor where it is.
+    m_scene->setStickyFocus(true);
     m_scene->setSceneRect(QRectF(QPointF(0, 0), sceneSize()));
     setScene(m_scene.get());
 
@@ -46,10 +50,12 @@ MApplicationWindow::~MApplicationWindow()
     // The scene destroys what it holds; what others own goes back to them.
     const auto items = m_scene->items();
     for (QGraphicsItem *item : items) {
-        auto *sceneWindow = qobject_cast<MSceneWindow *>(item->toGraphicsObject());
+        auto *sceneWindow = item->parentItem() ? nullptr : qobject_cast<MSceneWindow *>(item->toGraphicsObject());
         if (sceneWindow && sceneWindow->isKept())
             m_scene->removeItem(sceneWindow);
     }
+    // Now: what it destroys reports to members that would be gone later.
+    m_scene.reset();
     allWindows.removeOne(this);
     // While the list of what is on display is still there: what goes with the scene takes itself off it.
     m_scene.reset();
@@ -134,6 +140,12 @@ bool MApplicationWindow::take(MSceneWindow *sceneWindow)
 {
     if (m_closing)
         return false;
+    if (sceneWindow->isPanel() && !topPanel()) {
+        // The page's own idea of it holds also while the window is not active.
+        const QGraphicsItem *page = currentPage();
+        QGraphicsItem *focus = page ? page->focusItem() : nullptr;
+        m_focusBeneathPanels = focus ? focus->toGraphicsObject() : nullptr;
+    }
     if (sceneWindow->scene() != m_scene.get())
         m_scene->addItem(sceneWindow);
     m_onDisplay.append(sceneWindow);
@@ -144,5 +156,17 @@ bool MApplicationWindow::take(MSceneWindow *sceneWindow)
 
 void MApplicationWindow::release(MSceneWindow *sceneWindow)
 {
-    m_onDisplay.removeOne(sceneWindow);
+    if (!m_onDisplay.removeOne(sceneWindow) || m_closing || !sceneWindow->isPanel())
+        return;
+    MSceneWindow *top = topPanel();
+    m_scene->setActivePanel(top);
+    if (!top && m_focusBeneathPanels)
+        m_focusBeneathPanels->setFocus();
+}
+
+MSceneWindow *MApplicationWindow::topPanel() const
+{
+    const auto top = std::find_if(m_onDisplay.rbegin(), m_onDisplay.rend(),
+                                  [](const MSceneWindow *sceneWindow) { return sceneWindow->isPanel(); });
+    return top == m_onDisplay.rend() ? nullptr : *top;
 }

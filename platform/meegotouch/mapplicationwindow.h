@@ -2,7 +2,9 @@
 
 #include "mnamespace.h"
 
+#include <QGraphicsObject>
 #include <QGraphicsView>
+#include <QPointer>
 #include <QVector>
 
 #include <memory>
@@ -58,9 +60,11 @@ private:
 
     bool take(MSceneWindow *sceneWindow);
     void release(MSceneWindow *sceneWindow);
+    MSceneWindow *topPanel() const;
 
     std::unique_ptr<QGraphicsScene> m_scene;
     QVector<MSceneWindow *> m_onDisplay;
+    QPointer<QGraphicsObject> m_focusBeneathPanels;
     M::Orientation m_orientation = M::Portrait;
     bool m_orientationLocked = false;
     bool m_closing = false;

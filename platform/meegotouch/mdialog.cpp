@@ -3,12 +3,34 @@
 #include "mapplicationwindow.h"
 #include "mbutton.h"
 #include "mstyle.h"
+#include "mwidgetstyle.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
-#include <QGraphicsSceneWheelEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QPainter>
+
+namespace {
+
+// The widgets below a parent that Tab stops at, in the order of adding.
+void collectTabStops(const QGraphicsItem *parent, QVector<QGraphicsWidget *> *stops)
+{
+    const auto children = parent->childItems();
+    for (QGraphicsItem *child : children) {
+        if (!child->isVisible() || !child->isEnabled())
+            continue;
+        if (child->isWidget()) {
+            auto *widget = static_cast<QGraphicsWidget *>(child);
+            if (widget->focusPolicy() & Qt::TabFocus)
+                stops->append(widget);
+        }
+        collectTabStops(child, stops);
+    }
+}
+
+} // namespace
 
 MDialog::MDialog()
     : MDialog(QString())
@@ -17,24 +39,27 @@ MDialog::MDialog()
 
 MDialog::MDialog(const QString &title, M::StandardButtons buttons)
     : m_title(title)
+    , m_padding(MStyle::popupPadding)
 {
-    // A panel: no event passes through it to what lies beneath, and no focus leaves it.
+    // As a panel it lets no event through to what lies beneath, and keeps a focus of its own.
     setFlag(ItemIsPanel);
     setPanelModality(SceneModal);
-    setFocusPolicy(Qt::StrongFocus);
-    setAcceptHoverEvents(true);
+    setFlag(ItemIsFocusable);
     setFadeDuration(MStyle::fadeInDuration);
     setVisible(false);
+    connect(QGuiApplication::inputMethod(), &QInputMethod::keyboardRectangleChanged, this, &MDialog::arrange);
 
-    const auto add = [this](const QString &text, void (MDialog::*answer)()) {
-        auto *button = new MButton(text, this);
-        connect(button, &MButton::clicked, this, answer);
-        m_buttons.append(button);
-    };
     if (buttons & M::OkButton)
-        add(tr("OK"), &MDialog::accept);
+        addButton(tr("OK"), &MDialog::accept);
     if (buttons & M::CancelButton)
-        add(tr("Cancel"), &MDialog::reject);
+        addButton(tr("Cancel"), &MDialog::reject);
+}
+
+void MDialog::addButton(const QString &text, void (MDialog::*answer)())
+{
+    auto *button = new MButton(text, this);
+    connect(button, &MButton::clicked, this, answer);
+    m_buttons.append(button);
 }
 
 void MDialog::setTitle(const QString &title)
@@ -60,53 +85,86 @@ void MDialog::setGeometry(const QRectF &rect)
     arrange();
 }
 
+// The part of the height that a software keyboard leaves.
+qreal MDialog::freeHeight() const
+{
+    const QRectF keyboard = QGuiApplication::inputMethod()->keyboardRectangle();
+    const MApplicationWindow *window = applicationWindow();
+    if (keyboard.isEmpty() || !window)
+        return size().height();
+    return qBound(size().height() / 3, window->mapToScene(keyboard.topLeft().toPoint()).y(), size().height());
+}
+
 void MDialog::arrange()
 {
-    const qreal width = qMax(0.0, size().width() - 2 * MStyle::popupMargin);
-    const qreal inner = width - 2 * MStyle::popupPadding;
-    const qreal title = m_title.isEmpty() ? 0 : MStyle::titleBarHeight;
-    const qreal buttons = m_buttons.isEmpty() ? 0 : MStyle::dialogButtonHeight + MStyle::popupSpacing;
-    const qreal most = size().height() - 2 * MStyle::popupMargin - title - buttons - 2 * MStyle::popupSpacing;
+    const qreal available = freeHeight();
+    const qreal width = qMax<qreal>(0, size().width() - 2 * MStyle::popupMargin);
+    const qreal bar = m_title.isEmpty() ? 0 : MStyle::titleBarHeight;
+    const qreal buttons = m_buttons.isEmpty() ? 0 : MStyle::dialogButtonHeight + MStyle::popupPadding;
+    const qreal around = bar + buttons + (m_centralWidget ? 2 * m_padding : MStyle::popupPadding);
     qreal middle = 0;
-    if (m_centralWidget)
-        middle
-            = qBound(0.0, m_centralWidget->effectiveSizeHint(Qt::PreferredSize, {inner, -1}).height(), qMax(0.0, most));
-    const qreal height = title + middle + buttons + 2 * MStyle::popupSpacing;
-    m_box = QRectF(MStyle::popupMargin, qRound((size().height() - height) / 2), width, height);
-    const qreal left = m_box.left() + MStyle::popupPadding;
-    qreal top = m_box.top() + title + MStyle::popupSpacing;
     if (m_centralWidget) {
-        m_centralWidget->setGeometry(QRectF(left, top, inner, middle));
-        top += middle + MStyle::popupSpacing;
+        const QSizeF wish = m_centralWidget->effectiveSizeHint(Qt::PreferredSize, {width - 2 * m_padding, -1});
+        middle = qMin(wish.height(), qMax<qreal>(0, available - 2 * MStyle::popupMargin - around));
     }
+    const qreal height = around + middle;
+    m_box = QRectF(MStyle::popupMargin, qRound((available - height) / 2), width, height);
+
+    if (m_centralWidget) {
+        m_centralWidget->setGeometry(
+            QRectF(m_box.left() + m_padding, m_box.top() + bar + m_padding, width - 2 * m_padding, middle));
+    }
+    qreal left = m_box.left() + MStyle::popupPadding;
     const int count = m_buttons.size();
-    for (int i = 0; i < count; ++i) {
-        const qreal each = (inner - (count - 1) * MStyle::popupSpacing) / count;
-        m_buttons[i]->setGeometry(
-            QRectF(left + i * (each + MStyle::popupSpacing), top, each, MStyle::dialogButtonHeight));
+    for (MButton *button : qAsConst(m_buttons)) {
+        const qreal each = (width - 2 * MStyle::popupPadding - (count - 1) * MStyle::popupSpacing) / count;
+        const qreal top = m_box.bottom() - MStyle::popupPadding - MStyle::dialogButtonHeight;
+        button->setGeometry(QRectF(left, top, each, MStyle::dialogButtonHeight));
+        left += each + MStyle::popupSpacing;
     }
     update();
 }
 
 void MDialog::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->fillRect(rect(), QColor::fromRgba(MStyle::dimColor));
+    painter->fillRect(rect(), MStyle::dim);
+    paintGlass(painter);
+    if (!m_title.isEmpty())
+        paintTitle(painter);
+}
+
+void MDialog::paintGlass(QPainter *painter) const
+{
+    // Rings that overlap more the nearer they are: the shadow is deepest at the edge.
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(MStyle::glassShadow);
+    for (int i = MStyle::glassShadowWidth; i > 0; --i) {
+        const qreal radius = MStyle::popupRadius + i;
+        painter->drawRoundedRect(m_box.adjusted(-i, 4 - i, i, 4 + i), radius, radius);
+    }
     QLinearGradient glass(m_box.topLeft(), m_box.bottomLeft());
-    glass.setColorAt(0, QColor::fromRgba(MStyle::glassTopColor));
-    glass.setColorAt(1, QColor::fromRgba(MStyle::glassBottomColor));
+    glass.setColorAt(0, MStyle::glassTop);
+    glass.setColorAt(qBound(0.0, MStyle::titleBarHeight / m_box.height(), 0.5), MStyle::glassMiddle);
+    glass.setColorAt(1, MStyle::glassBottom);
+    QLinearGradient edge(m_box.topLeft(), m_box.bottomLeft());
+    edge.setColorAt(0, MStyle::glassEdgeTop);
+    edge.setColorAt(1, MStyle::glassEdgeBottom);
     painter->setBrush(glass);
-    painter->setPen(QColor::fromRgba(MStyle::glassEdgeColor));
-    painter->drawRoundedRect(m_box, MStyle::popupRadius, MStyle::popupRadius);
-    if (m_title.isEmpty())
-        return;
+    painter->setPen(QPen(edge, 1));
+    painter->drawRoundedRect(m_box.adjusted(0.5, 0.5, -0.5, -0.5), MStyle::popupRadius, MStyle::popupRadius);
+}
+
+void MDialog::paintTitle(QPainter *painter) const
+{
     QFont titleFont = font();
-    titleFont.setPixelSize(MStyle::titlePixelSize);
+    titleFont.setPixelSize(MStyle::titleTextSize);
     painter->setFont(titleFont);
-    painter->setPen(QColor::fromRgba(MStyle::titleColor));
-    const QRectF bar(m_box.left() + MStyle::popupPadding, m_box.top(), m_box.width() - 2 * MStyle::popupPadding,
-                     MStyle::titleBarHeight);
-    painter->drawText(bar, Qt::AlignVCenter | Qt::AlignLeft, m_title);
-    painter->fillRect(QRectF(m_box.left(), bar.bottom(), m_box.width(), 1), QColor::fromRgba(MStyle::titleLineColor));
+    painter->setPen(MStyle::titleText);
+    const QRectF bar(m_box.left(), m_box.top(), m_box.width(), MStyle::titleBarHeight);
+    const QRectF text = bar.adjusted(MStyle::popupPadding, 0, -MStyle::popupPadding, 0);
+    painter->drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(m_title, Qt::ElideRight, int(text.width())));
+    painter->fillRect(QRectF(bar.left() + 1, bar.bottom() - 2, bar.width() - 2, 2), MStyle::accent);
 }
 
 void MDialog::accept()
@@ -139,17 +197,25 @@ void MDialog::done(int result)
         return;
     m_state = State::Idle;
     emit finished(result);
-    if (self)
-        result == Rejected ? emit rejected() : emit accepted();
+    if (!self)
+        return;
+    if (result == Rejected)
+        emit rejected();
+    else
+        emit accepted();
 }
 
 void MDialog::entering()
 {
     m_state = State::Open;
-    m_focusBefore = scene()->focusItem() ? scene()->focusItem()->toGraphicsObject() : nullptr;
     scene()->setActivePanel(this);
-    if (!focusItem())
+    QVector<QGraphicsWidget *> fields;
+    if (m_centralWidget)
+        collectTabStops(m_centralWidget, &fields);
+    if (fields.isEmpty())
         setFocus();
+    else
+        fields.first()->setFocus();
 }
 
 void MDialog::leaving()
@@ -157,10 +223,30 @@ void MDialog::leaving()
     finish(Rejected);
 }
 
-void MDialog::left()
+bool MDialog::event(QEvent *event)
 {
-    if (m_focusBefore && m_focusBefore->scene() == scene())
-        m_focusBefore->setFocus();
+    // Posted by the central widget when it would like another size.
+    if (event->type() == QEvent::LayoutRequest)
+        arrange();
+    return MSceneWindow::event(event);
+}
+
+// Round and round inside: beyond the last one lies what the dialog covers.
+bool MDialog::focusNextPrevChild(bool next)
+{
+    QVector<QGraphicsWidget *> stops;
+    collectTabStops(this, &stops);
+    if (stops.isEmpty())
+        return true;
+    int at = -1;
+    for (int i = 0; i < stops.size(); ++i) {
+        if (stops[i]->hasFocus())
+            at = i;
+    }
+    const int step = next ? 1 : -1;
+    const int to = at < 0 ? (next ? 0 : stops.size() - 1) : (at + step + stops.size()) % stops.size();
+    stops[to]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 void MDialog::mousePressEvent(QGraphicsSceneMouseEvent *event)
@@ -170,20 +256,27 @@ void MDialog::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 void MDialog::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (m_dismissedByTapOutside && !m_box.contains(event->buttonDownPos(Qt::LeftButton))
+    if (m_dismissedByTapOutside && !m_box.contains(event->buttonDownPos(event->button()))
         && !m_box.contains(event->pos()))
         reject();
 }
 
-void MDialog::wheelEvent(QGraphicsSceneWheelEvent *event)
-{
-    event->accept();
-}
-
 void MDialog::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
+    // A key that is still held down from before was not meant for this dialog.
+    if (event->isAutoRepeat())
+        return;
+    switch (event->key()) {
+    case Qt::Key_Escape:
+    case Qt::Key_Back:
         reject();
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Select:
         accept();
+        break;
+    default:
+        break;
+    }
 }

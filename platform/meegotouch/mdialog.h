@@ -7,10 +7,11 @@
 
 class MButton;
 
-/// A modal box over the dimmed page, with a title, a central widget and a row of buttons.
+/// A modal box over the dimmed page: a title, a central widget and a row of buttons, each of them optional.
 ///
-/// While it is on display nothing beneath it gets any input. Escape rejects it, Return accepts it. The focus goes back
-/// to where it was when it leaves.
+/// While it is on display nothing beneath it gets any input. Escape rejects it; Return accepts it, also from a
+/// single-line field inside; Tab goes round in it. The focus starts in the first field of the central widget, and goes
+/// back to where it was before when the dialog leaves.
 class MDialog : public MSceneWindow {
     Q_OBJECT
 
@@ -23,26 +24,28 @@ public:
     /// Makes a button for each one in \a buttons. OK accepts, Cancel rejects.
     explicit MDialog(const QString &title, M::StandardButtons buttons = M::NoStandardButton);
 
+    /// Plain text of one line, elided where it does not fit. Without a title there is no title bar.
     void setTitle(const QString &title);
     QString title() const { return m_title; }
 
-    /// Puts \a widget in the place of the central widget, which is destroyed. The dialog owns it.
+    /// Puts \a widget in the place of the central widget, which is destroyed. The dialog owns it. It gets the width of
+    /// the box, and the height that it prefers for that, as far as there is room.
     void setCentralWidget(QGraphicsWidget *widget);
     QGraphicsWidget *centralWidget() const { return m_centralWidget; }
 
-    /// The code that it was last done with; Rejected before that.
+    /// What it was last done with; Rejected before that.
     int result() const { return m_result; }
 
     void setGeometry(const QRectF &rect) override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
 public slots:
-    /// Do nothing unless the dialog is on display.
+    /// done(Accepted) and done(Rejected), if the dialog is on display and not being ended already.
     void accept();
     void reject();
 
-    /// Ends the dialog with \a result: it is dismissed, and its signals are emitted. However the dialog ends, it does
-    /// so through this, once: with Rejected when it is dismissed in any other way.
+    /// Ends the dialog with \a result: it is dismissed, then its signals are emitted. Does nothing if the dialog is not
+    /// on display. However it ends, it passes through here, once: with Rejected when it leaves in any other way.
     virtual void done(int result);
 
 signals:
@@ -54,25 +57,34 @@ protected:
     /// Whether a tap beside the box rejects. False at the start.
     void setDismissedByTapOutside(bool dismissed) { m_dismissedByTapOutside = dismissed; }
 
+    /// The room between the box and the central widget. MStyle::popupPadding at the start.
+    void setPadding(qreal padding) { m_padding = padding; }
+
+    /// Puts everything in its place; called whenever something has changed.
+    void arrange();
+
+    bool event(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void entering() override;
     void leaving() override;
-    void left() override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
-    void wheelEvent(QGraphicsSceneWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     enum class State { Idle, Open, Finishing };
 
+    void addButton(const QString &text, void (MDialog::*answer)());
     void finish(int result);
-    void arrange();
+    qreal freeHeight() const;
+    void paintGlass(QPainter *painter) const;
+    void paintTitle(QPainter *painter) const;
 
     QString m_title;
     QPointer<QGraphicsWidget> m_centralWidget;
     QVector<MButton *> m_buttons;
-    QPointer<QGraphicsObject> m_focusBefore;
     QRectF m_box;
+    qreal m_padding;
     int m_result = Rejected;
     State m_state = State::Idle;
     bool m_dismissedByTapOutside = false;

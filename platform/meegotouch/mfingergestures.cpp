@@ -25,18 +25,15 @@ std::optional<Finger> fingerOf(const QEvent *event)
     switch (event->type()) {
     case QEvent::GraphicsSceneMousePress:
     case QEvent::GraphicsSceneMouseDoubleClick:
-    case QEvent::GraphicsSceneMouseMove:
     case QEvent::GraphicsSceneMouseRelease: {
         const auto *mouse = static_cast<const QGraphicsSceneMouseEvent *>(event);
-        const bool left = event->type() == QEvent::GraphicsSceneMouseMove ? mouse->buttons() == Qt::LeftButton
-                                                                          : mouse->button() == Qt::LeftButton;
-        if (!left)
+        if (mouse->button() != Qt::LeftButton)
             return std::nullopt;
-        const Phase phase = event->type() == QEvent::GraphicsSceneMouseMove ? Phase::Move
-            : event->type() == QEvent::GraphicsSceneMouseRelease            ? Phase::Up
-                                                                            : Phase::Down;
-        return Finger{phase, mouse->screenPos()};
+        const bool up = event->type() == QEvent::GraphicsSceneMouseRelease;
+        return Finger{up ? Phase::Up : Phase::Down, mouse->screenPos()};
     }
+    case QEvent::GraphicsSceneMouseMove:
+        return Finger{Phase::Move, static_cast<const QGraphicsSceneMouseEvent *>(event)->screenPos()};
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd: {
@@ -137,7 +134,13 @@ public:
             pan->setOffset(finger->position - *start);
             return TriggerGesture;
         case Phase::Up:
-            return panning ? FinishGesture : CancelGesture;
+            // So fast a flick that nothing was heard between its ends is a pan, too.
+            if (!start || (!panning && !isFar(finger->position - *start)))
+                return CancelGesture;
+            gesture->setHotSpot(*start);
+            pan->setLastOffset(pan->offset());
+            pan->setOffset(finger->position - *start);
+            return FinishGesture;
         case Phase::Cancel:
             break;
         }

@@ -7,9 +7,12 @@ MMessageBox::MMessageBox(const QString &text, M::StandardButtons buttons)
     : MDialog(QString(), buttons)
     , m_label(new MLabel(text))
 {
+    QFont textFont = m_label->font();
+    textFont.setPixelSize(MStyle::popupTextSize);
+    m_label->setFont(textFont);
     m_label->setWordWrap(true);
     m_label->setAlignment(Qt::AlignCenter);
-    m_label->setColor(QColor::fromRgba(MStyle::popupTextColor));
+    m_label->setColor(MStyle::popupText);
     setCentralWidget(m_label);
 }
 

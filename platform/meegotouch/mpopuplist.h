@@ -4,12 +4,14 @@
 
 #include <QModelIndex>
 
+class MPannableViewport;
 class QAbstractItemModel;
 
 /// A modal list to pick one row from.
 ///
-/// A tap on a row emits clicked() and dismisses the list; a tap beside it or Escape dismisses it without. The arrow
-/// keys move through the rows, Return picks. A long list scrolls.
+/// A tap on a row dismisses the list and emits clicked(); a tap beside it or Escape dismisses it without. The arrow
+/// keys, Home and End move through the rows, Return picks. A list that is too long for the page scrolls, and a row
+/// that is too long for the list is elided.
 class MPopupList : public MDialog {
     Q_OBJECT
 
@@ -26,7 +28,7 @@ public:
     QModelIndex currentIndex() const;
 
 signals:
-    /// A row was picked. The list is off the display by then, so another one may appear at once.
+    /// A row was picked. The list is off the display by then, so that this one or another may appear at once.
     void clicked(const QModelIndex &index);
 
 protected:
@@ -36,7 +38,9 @@ protected:
 private:
     class Rows;
 
+    void moveTo(int row);
     void pick(int row);
 
+    MPannableViewport *m_viewport;
     Rows *m_rows;
 };

@@ -2,6 +2,7 @@
 
 #include "mapplication.h"
 #include "mapplicationwindow.h"
+#include "mfadingpicture.h"
 
 #include <QTimer>
 
@@ -75,6 +76,8 @@ void MSceneWindow::leave(bool dismissed)
         return;
     m_onDisplay = false;
     m_fade.stop();
+    if (m_fade.duration() > 0 && m_window && m_window->isVisible())
+        MFadingPicture::leave(this, m_window);
     setVisible(false);
     if (m_window)
         m_window->release(this);

@@ -6,41 +6,45 @@
 /// Every colour, radius, font size and duration of the widgets. Lengths are scene pixels, times milliseconds.
 namespace MStyle {
 
-// The scene: one screen of the phone held upright, less its status bar.
-constexpr QSize portraitSceneSize(480, 814);
-constexpr QSize landscapeSceneSize(814, 480);
+// The scene: one screen of the phone, less its status bar
+inline constexpr QSize portraitSceneSize{480, 814};
+inline constexpr QSize landscapeSceneSize{814, 480};
 
 // Text
-constexpr int fontPixelSize = 20;
-constexpr int titlePixelSize = 24;
+inline constexpr int fontPixelSize = 20;
 
 // Popups: a pane of dark glass over a dimmed page
-constexpr int fadeInDuration = 180;
-constexpr int fadeOutDuration = 140;
-constexpr QRgb dimColor = 0xa6000000;
-constexpr QRgb glassTopColor = 0xf03a3d42;
-constexpr QRgb glassBottomColor = 0xf0131517;
-constexpr QRgb glassEdgeColor = 0x40ffffff;
-constexpr QRgb glassShadowColor = 0x50000000;
-constexpr QRgb titleColor = 0xffffffff;
-constexpr QRgb titleLineColor = 0xff6e94a8;
-constexpr QRgb popupTextColor = 0xfff2f4f5;
-constexpr qreal popupRadius = 14;
-constexpr qreal popupMargin = 24;
-constexpr qreal popupPadding = 20;
-constexpr qreal popupSpacing = 16;
-constexpr qreal titleBarHeight = 60;
-constexpr qreal dialogButtonHeight = 64;
+inline constexpr int fadeInDuration = 180;
+inline constexpr int fadeOutDuration = 140;
+inline constexpr QColor dim{0, 0, 0, 150};
+inline constexpr QColor glassTop{66, 72, 79, 248};
+inline constexpr QColor glassMiddle{33, 37, 41, 248};
+inline constexpr QColor glassBottom{18, 20, 23, 248};
+inline constexpr QColor glassEdgeTop{255, 255, 255, 96};
+inline constexpr QColor glassEdgeBottom{255, 255, 255, 24};
+inline constexpr QColor glassShadow{0, 0, 0, 20};
+inline constexpr int glassShadowWidth = 10;
+inline constexpr qreal popupRadius = 14;
+inline constexpr qreal popupMargin = 24;
+inline constexpr qreal popupPadding = 20;
+inline constexpr qreal popupSpacing = 20;
+inline constexpr QColor popupText{242, 244, 246};
+inline constexpr int popupTextSize = 22;
+inline constexpr qreal titleBarHeight = 64;
+inline constexpr int titleTextSize = 24;
+inline constexpr QColor titleText{255, 255, 255};
+inline constexpr qreal dialogButtonHeight = 64;
 
-// Lists
-constexpr qreal rowHeight = 72;
-constexpr QRgb rowLineColor = 0x24ffffff;
-constexpr QRgb rowCurrentColor = 0x306e94a8;
-constexpr QRgb rowPressedColor = 0xff6e94a8;
-constexpr QRgb rowPressedTextColor = 0xff000000;
+// Lists in popups
+inline constexpr qreal listPadding = 8;
+inline constexpr qreal rowHeight = 72;
+inline constexpr qreal rowRadius = 8;
+inline constexpr QColor rowLine{255, 255, 255, 30};
+inline constexpr QColor rowPressedTop{40, 122, 180};
+inline constexpr QColor rowPressedBottom{20, 84, 132};
 
 // Gestures
-constexpr qreal dragThreshold = 10;
+inline constexpr qreal dragThreshold = 10;
 
 // Widgets: faces and rims are those of the chrome's artwork
 constexpr QRgb accentColor = 0xff278cc2;

@@ -17,29 +17,36 @@ QString firstLine(const QString &path)
     return QString::fromUtf8(file.read(256).split('\0').first().split('\n').first()).simplified();
 }
 
-bool isPlaceHolder(const QString &name)
+} // namespace
+
+QString DeviceIdentity::countryOfLocale(const QString &localeName)
+{
+    // Between the two there may be a script: language_Script_COUNTRY.
+    const QString country = localeName.section(QLatin1Char('_'), 1).section(QLatin1Char('_'), -1);
+    return country.size() == 2 ? country.toUpper() : QString();
+}
+
+QString DeviceIdentity::hardwareModel(const QString &root)
+{
+    for (const char *path : {"/firmware/devicetree/base/model", "/devices/virtual/dmi/id/product_name"}) {
+        const QString name = withoutPlaceHolder(firstLine(root + QLatin1String(path)));
+        if (!name.isEmpty())
+            return name;
+    }
+    return QString();
+}
+
+QString DeviceIdentity::withoutPlaceHolder(const QString &model)
 {
     static const QLatin1String fillers[] = {
         QLatin1String("To Be Filled By O.E.M."), QLatin1String("System Product Name"), QLatin1String("Default string"),
         QLatin1String("Not Specified"),          QLatin1String("Not Applicable"),      QLatin1String("None"),
     };
     for (const QLatin1String &filler : fillers) {
-        if (name.compare(filler, Qt::CaseInsensitive) == 0)
-            return true;
+        if (model.compare(filler, Qt::CaseInsensitive) == 0)
+            return QString();
     }
-    return false;
-}
-
-} // namespace
-
-QString DeviceIdentity::hardwareModel(const QString &root)
-{
-    for (const char *path : {"/firmware/devicetree/base/model", "/devices/virtual/dmi/id/product_name"}) {
-        const QString name = firstLine(root + QLatin1String(path));
-        if (!name.isEmpty() && !isPlaceHolder(name))
-            return name;
-    }
-    return QString();
+    return model;
 }
 
 QString DeviceIdentity::appSpecificId(const QByteArray &machineId)

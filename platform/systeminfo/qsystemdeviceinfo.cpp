@@ -11,7 +11,7 @@ QSystemDeviceInfo::QSystemDeviceInfo(QObject *parent)
 
 QString QSystemDeviceInfo::model() const
 {
-    const QString model = QDeviceInfo().model();
+    const QString model = DeviceIdentity::withoutPlaceHolder(QDeviceInfo().model());
     return model.isEmpty() ? DeviceIdentity::hardwareModel() : model;
 }
 

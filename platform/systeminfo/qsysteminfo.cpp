@@ -1,7 +1,11 @@
 #include "qsysteminfo.h"
 
+#include "deviceidentity.h"
+#include "mobilecountry.h"
+
 #include <QDeviceInfo>
 #include <QLocale>
+#include <QNetworkInfo>
 #include <QSysInfo>
 
 QSystemInfo::QSystemInfo(QObject *parent)
@@ -11,16 +15,18 @@ QSystemInfo::QSystemInfo(QObject *parent)
 
 QString QSystemInfo::currentCountryCode() const
 {
-    // The name of a locale is language_COUNTRY; of "C", which is of no country, there is no second half.
-    const QString country = QLocale::system().name().section(QLatin1Char('_'), 1, 1);
-    return country.size() == 2 ? country.toUpper() : QString();
+    const QString country = countryOfMobileCode(QNetworkInfo().currentMobileCountryCode(0));
+    return country.isEmpty() ? DeviceIdentity::countryOfLocale(QLocale::system().name()) : country;
 }
 
 QString QSystemInfo::version(Version type) const
 {
-    const QString version = QDeviceInfo().version(type == Firmware ? QDeviceInfo::Firmware : QDeviceInfo::Os);
-    if (!version.isEmpty())
-        return version;
-    const QString product = QSysInfo::productVersion();
-    return product == QLatin1String("unknown") ? QString() : product;
+    const QDeviceInfo device;
+    if (type == Firmware) {
+        // Where nothing is known of a firmware, the release of the kernel is given for it, which it is not.
+        const QString firmware = device.version(QDeviceInfo::Firmware);
+        if (!firmware.isEmpty() && firmware != QSysInfo::kernelVersion())
+            return firmware;
+    }
+    return device.version(QDeviceInfo::Os);
 }

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QGraphicsView>
+#include <QMouseEvent>
+#include <QTest>
+#include <QWheelEvent>
+
+/// A finger, or the mouse, on what a view shows. Positions are scene pixels; the events go the way of real ones, in at
+/// the viewport.
+class Finger {
+public:
+    enum Kind { Mouse, Touch };
+
+    explicit Finger(QGraphicsView *view, Kind kind = Mouse)
+        : m_view(view)
+        , m_kind(kind)
+    {
+    }
+
+    void press(const QPointF &position)
+    {
+        m_at = onScreen(position);
+        if (m_kind == Mouse)
+            QTest::mousePress(m_view->viewport(), Qt::LeftButton, {}, m_at);
+        else
+            QTest::touchEvent(m_view->viewport(), device()).press(0, m_at, m_view->viewport());
+    }
+
+    void move(const QPointF &position)
+    {
+        m_at = onScreen(position);
+        if (m_kind == Mouse) {
+            // QTest::mouseMove() moves with no button held.
+            QMouseEvent event(QEvent::MouseMove, m_at, m_view->viewport()->mapToGlobal(m_at), Qt::NoButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(m_view->viewport(), &event);
+        } else {
+            QTest::touchEvent(m_view->viewport(), device()).move(0, m_at, m_view->viewport());
+        }
+    }
+
+    void release()
+    {
+        if (m_kind == Mouse)
+            QTest::mouseRelease(m_view->viewport(), Qt::LeftButton, {}, m_at);
+        else
+            QTest::touchEvent(m_view->viewport(), device()).release(0, m_at, m_view->viewport());
+    }
+
+    void tap(const QPointF &position)
+    {
+        press(position);
+        release();
+    }
+
+    void drag(const QPointF &from, const QPointF &to, int steps = 4)
+    {
+        press(from);
+        for (int i = 1; i <= steps; ++i)
+            move(from + (to - from) * i / steps);
+        release();
+    }
+
+    void wheel(const QPointF &position, int notches)
+    {
+        const QPointF at = onScreen(position);
+        QWheelEvent event(at, m_view->viewport()->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, 120 * notches),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(m_view->viewport(), &event);
+    }
+
+private:
+    QPoint onScreen(const QPointF &position) const { return m_view->mapFromScene(position); }
+
+    static QTouchDevice *device()
+    {
+        static QTouchDevice *touchScreen = QTest::createTouchDevice();
+        return touchScreen;
+    }
+
+    QGraphicsView *m_view;
+    Kind m_kind;
+    QPoint m_at;
+};
+
+Q_DECLARE_METATYPE(Finger::Kind)

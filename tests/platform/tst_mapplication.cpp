@@ -1,0 +1,92 @@
+#include "mapplication.h"
+#include "mapplicationwindow.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+#include <signal.h>
+
+/// The application object, and how the signals of the system end it.
+class ApplicationTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void signalEndsTheLoop_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::newRow("SIGTERM") << SIGTERM;
+        QTest::newRow("SIGINT") << SIGINT;
+        QTest::newRow("SIGHUP") << SIGHUP;
+    }
+
+    void signalEndsTheLoop()
+    {
+        QFETCH(int, number);
+        QSignalSpy quitting(qApp, &QCoreApplication::aboutToQuit);
+        QTimer::singleShot(0, [number] { raise(number); });
+        QCOMPARE(run(), 0);
+        QCOMPARE(quitting.count(), 1);
+    }
+
+    void signalBeforeTheLoopEndsItAsSoonAsItRuns()
+    {
+        raise(SIGTERM);
+        QCOMPARE(run(), 0);
+    }
+
+    void signalInAnEarlierLoopIsNotForgotten()
+    {
+        raise(SIGTERM);
+        QEventLoop earlier;
+        QTimer::singleShot(0, &earlier, &QEventLoop::quit);
+        earlier.exec();
+        QCOMPARE(run(), 0);
+    }
+
+    void activeWindowIsTheLatestUntilTheUserChoosesOne()
+    {
+        QCOMPARE(MApplication::activeApplicationWindow(), nullptr);
+        MApplicationWindow first;
+        auto second = std::make_unique<MApplicationWindow>();
+        QCOMPARE(MApplication::activeApplicationWindow(), second.get());
+        first.show();
+        QVERIFY(QTest::qWaitForWindowActive(&first));
+        QCOMPARE(MApplication::activeApplicationWindow(), &first);
+        second.reset();
+        QCOMPARE(MApplication::activeApplicationWindow(), &first);
+    }
+
+private:
+    // 1 if nothing has ended the loop in time.
+    static int run()
+    {
+        QTimer deadline;
+        deadline.setSingleShot(true);
+        connect(&deadline, &QTimer::timeout, qApp, [] { QCoreApplication::exit(1); });
+        deadline.start(5000);
+        return QCoreApplication::exec();
+    }
+};
+
+int main(int argc, char **argv)
+{
+    int failures = 0;
+    {
+        MApplication application(argc, argv);
+        ApplicationTest test;
+        failures = QTest::qExec(&test, argc, argv);
+    }
+    // Given back: from here on a signal is deadly again.
+    struct sigaction now = {};
+    sigaction(SIGTERM, nullptr, &now);
+    if (now.sa_handler != SIG_DFL) {
+        qWarning("FAIL: SIGTERM still goes to an application that is gone");
+        ++failures;
+    }
+    return failures;
+}
+
+#include "tst_mapplication.moc"

@@ -1,0 +1,188 @@
+#include "mapplicationwindow.h"
+#include "mdialog.h"
+#include "mscenewindow.h"
+
+#include <QGraphicsScene>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+/// Swallows every event sent to it: whatever has to reach it must not come as one.
+class Swallower : public MSceneWindow {
+public:
+    bool event(QEvent *) override { return true; }
+};
+
+using Policy = MSceneWindow::DeletionPolicy;
+using Leave = void (MSceneWindow::*)();
+
+} // namespace
+
+Q_DECLARE_METATYPE(MSceneWindow::DeletionPolicy)
+Q_DECLARE_METATYPE(Leave)
+
+class SceneWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void policySaysWhatBecomesOfIt_data()
+    {
+        QTest::addColumn<Policy>("policy");
+        QTest::addColumn<Leave>("leave");
+        QTest::addColumn<bool>("destroyed");
+        const Leave disappear = &MSceneWindow::disappear;
+        const Leave dismiss = &MSceneWindow::dismiss;
+        QTest::newRow("keep, disappear") << MSceneWindow::KeepWhenDone << disappear << false;
+        QTest::newRow("keep, dismiss") << MSceneWindow::KeepWhenDone << dismiss << false;
+        QTest::newRow("done, disappear") << MSceneWindow::DestroyWhenDone << disappear << true;
+        QTest::newRow("done, dismiss") << MSceneWindow::DestroyWhenDone << dismiss << true;
+        QTest::newRow("dismissed, disappear") << MSceneWindow::DestroyWhenDismissed << disappear << false;
+        QTest::newRow("dismissed, dismiss") << MSceneWindow::DestroyWhenDismissed << dismiss << true;
+    }
+
+    void policySaysWhatBecomesOfIt()
+    {
+        QFETCH(Policy, policy);
+        QFETCH(Leave, leave);
+        QFETCH(bool, destroyed);
+        MApplicationWindow window;
+        QPointer<MSceneWindow> shown = new Swallower;
+        QSignalSpy appeared(shown, &MSceneWindow::appeared);
+        QSignalSpy disappeared(shown, &MSceneWindow::disappeared);
+        shown->appear(&window, policy);
+        QVERIFY(shown->isOnDisplay());
+        QCOMPARE(appeared.count(), 1);
+
+        (shown->*leave)();
+        (shown->*leave)();
+        QVERIFY2(shown, "must live until the event loop runs: its signals may still be on their way");
+        QVERIFY(!shown->isVisible());
+        QCOMPARE(disappeared.count(), 1);
+        QCoreApplication::processEvents();
+        QCOMPARE(shown.isNull(), destroyed);
+        delete shown;
+    }
+
+    void appearsAgain()
+    {
+        MApplicationWindow window;
+        Swallower kept;
+        for (int i = 0; i < 2; ++i) {
+            kept.appear(&window);
+            kept.appear(&window);
+            QVERIFY(kept.isVisible());
+            QCOMPARE(kept.scene(), window.scene());
+            kept.dismiss();
+            QVERIFY(!kept.isVisible());
+        }
+    }
+
+    void appearingAgainSavesItFromDestruction()
+    {
+        MApplicationWindow window;
+        QPointer<MSceneWindow> shown = new Swallower;
+        shown->appear(&window, MSceneWindow::DestroyWhenDone);
+        shown->dismiss();
+        shown->appear(&window, MSceneWindow::DestroyWhenDone);
+        QCoreApplication::processEvents();
+        QVERIFY(shown);
+        shown->dismiss();
+        QCoreApplication::processEvents();
+        QVERIFY(!shown);
+    }
+
+    void withoutAWindowNothingAppears()
+    {
+        Swallower kept;
+        kept.appear();
+        QVERIFY(!kept.isOnDisplay());
+        kept.dismiss();
+        const QPointer<MSceneWindow> forgotten = new Swallower;
+        forgotten->appear(nullptr, MSceneWindow::DestroyWhenDismissed);
+        QTRY_VERIFY(!forgotten);
+    }
+
+    void appearsInTheWindowThatThereIs()
+    {
+        MApplicationWindow window;
+        Swallower kept;
+        kept.appear();
+        QCOMPARE(kept.applicationWindow(), &window);
+    }
+
+    void windowLeavesWhatOthersOwn()
+    {
+        auto window = std::make_unique<MApplicationWindow>();
+        QPointer<MSceneWindow> kept = new Swallower;
+        QPointer<MSceneWindow> hidden = new Swallower;
+        const QPointer<MSceneWindow> owned = new Swallower;
+        kept->appear(window.get(), MSceneWindow::KeepWhenDone);
+        hidden->appear(window.get(), MSceneWindow::KeepWhenDone);
+        hidden->dismiss();
+        owned->appear(window.get(), MSceneWindow::DestroyWhenDone);
+        window.reset();
+        QVERIFY(kept && hidden);
+        QVERIFY(!kept->isOnDisplay());
+        QVERIFY(!owned);
+        delete kept;
+        delete hidden;
+    }
+
+    void movesToAnotherWindow()
+    {
+        auto first = std::make_unique<MApplicationWindow>();
+        MApplicationWindow second;
+        Swallower kept;
+        kept.appear(first.get());
+        kept.dismiss();
+        kept.appear(&second);
+        first.reset();
+        QVERIFY(kept.isOnDisplay());
+        QCOMPARE(kept.scene(), second.scene());
+    }
+
+    void mayBeDestroyedFromItsOwnSignals_data()
+    {
+        QTest::addColumn<bool>("whenAppeared");
+        QTest::newRow("appeared") << true;
+        QTest::newRow("disappeared") << false;
+    }
+
+    void mayBeDestroyedFromItsOwnSignals()
+    {
+        QFETCH(bool, whenAppeared);
+        MApplicationWindow window;
+        QPointer<MSceneWindow> shown = new Swallower;
+        connect(shown, whenAppeared ? &MSceneWindow::appeared : &MSceneWindow::disappeared, &window,
+                [&shown] { delete shown; });
+        shown->appear(&window, MSceneWindow::DestroyWhenDone);
+        if (shown)
+            shown->dismiss();
+        QVERIFY(!shown);
+        QCoreApplication::processEvents();
+    }
+
+    void fadesAndLeavesNothingBehind()
+    {
+        MApplicationWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        MDialog dialog;
+        QSignalSpy appeared(&dialog, &MSceneWindow::appeared);
+        dialog.appear(&window);
+        QVERIFY(dialog.opacity() < 0.5);
+        QVERIFY(appeared.wait());
+        QCOMPARE(dialog.opacity(), 1.0);
+        dialog.dismiss();
+        QVERIFY(!dialog.isVisible());
+        // Its picture, which fades for it.
+        QTRY_COMPARE(window.scene()->items().size(), 1);
+        QCOMPARE(window.scene()->items().first(), &dialog);
+    }
+};
+
+QTEST_MAIN(SceneWindowTest)
+#include "tst_mscenewindow.moc"
