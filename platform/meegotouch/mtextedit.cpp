@@ -81,6 +81,8 @@ MTextEdit::MTextEdit(MTextEditModel::LineMode mode, const QString &text, QGraphi
     m_editor->setPalette(fieldPalette());
     m_editor->setMinimumSize(1, 1);
     m_editor->installEventFilter(this);
+    // A proxy passes the focus, and what input methods write, to the widget in it that had the focus last.
+    m_editor->setFocus();
     m_proxy->setWidget(m_editor);
     setFocusProxy(m_proxy);
     setFocusPolicy(Qt::StrongFocus);

@@ -1,4 +1,6 @@
+#include "minputmethodstate.h"
 #include "mtextedit.h"
+#include "softwarekeyboard.h"
 #include "stage.h"
 
 #include <QClipboard>
@@ -66,6 +68,10 @@ private slots:
     void returnGoesOnToTheParent();
     void contentTypeChoosesTheKeys_data();
     void contentTypeChoosesTheKeys();
+    void asksForTheSoftwareKeyboard_data() { addLineModes(); }
+    void asksForTheSoftwareKeyboard();
+    void takesWhatAnInputMethodWrites_data() { addLineModes(); }
+    void takesWhatAnInputMethodWrites();
     void focusPolicy_data();
     void focusPolicy();
     void tabIsOneStop();
@@ -198,6 +204,40 @@ void TextEditTest::contentTypeChoosesTheKeys()
     QVERIFY(!(hints & without));
     QTest::keyClicks(&stage.window, QStringLiteral("x 1"));
     QCOMPARE(edit->text(), QStringLiteral("x 1"));
+}
+
+void TextEditTest::asksForTheSoftwareKeyboard()
+{
+    QFETCH(MTextEditModel::LineMode, mode);
+    Stage stage;
+    MTextEdit *edit = editOn(stage, mode);
+    SoftwareKeyboard keyboard;
+    const QPointF inEdit = edit->sceneBoundingRect().center();
+    edit->setFocus();
+    QVERIFY(keyboard.isInputPanelVisible());
+    MInputMethodState::closeSoftwareInputPanel();
+    QVERIFY(!keyboard.isInputPanelVisible());
+    QVERIFY(edit->hasFocus());
+
+    // A tap brings it back, whether the field still has the focus or not.
+    stage.tap(inEdit);
+    QVERIFY(keyboard.isInputPanelVisible());
+    MInputMethodState::closeSoftwareInputPanel();
+    edit->clearFocus();
+    stage.tap(inEdit);
+    QVERIFY(keyboard.isInputPanelVisible());
+}
+
+void TextEditTest::takesWhatAnInputMethodWrites()
+{
+    QFETCH(MTextEditModel::LineMode, mode);
+    Stage stage;
+    MTextEdit *edit = editOn(stage, mode);
+    edit->setFocus();
+    QInputMethodEvent event(QStringLiteral("preedit"), {});
+    event.setCommitString(QStringLiteral("\u4f60\u597d "));
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+    QCOMPARE(edit->text(), QStringLiteral("\u4f60\u597d "));
 }
 
 void TextEditTest::focusPolicy_data()
