@@ -239,7 +239,7 @@ void MButton::showFocusRing(bool shown)
     if (!m_focusRing) {
         m_focusRing = new QGraphicsPathItem(this);
         m_focusRing->setAcceptedMouseButtons(Qt::NoButton);
-        m_focusRing->setPen(QPen(QColor(MStyle::accentColor), MStyle::focusRingWidth));
+        m_focusRing->setPen(QPen(MStyle::accent, MStyle::focusRingWidth));
     }
     const qreal inset = MStyle::focusRingWidth / 2;
     QPainterPath path;
@@ -274,18 +274,15 @@ void MButton::drawFrame(QPainter *painter) const
     const QRectF frame = rect().adjusted(0.5, 0.5, -0.5, -0.5);
     const bool lit = m_down || m_checked;
     QLinearGradient face(frame.topLeft(), frame.bottomLeft());
-    face.setColorAt(0,
-                    m_down          ? MStyle::buttonDownTopColor
-                        : m_checked ? MStyle::buttonCheckedTopColor
-                                    : MStyle::buttonTopColor);
+    face.setColorAt(0, m_down ? MStyle::buttonDownTop : m_checked ? MStyle::buttonCheckedTop : MStyle::buttonTop);
     face.setColorAt(1,
-                    m_down          ? MStyle::buttonDownBottomColor
-                        : m_checked ? MStyle::buttonCheckedBottomColor
-                                    : MStyle::buttonBottomColor);
-    painter->setPen(QPen(QColor(lit ? MStyle::buttonLitRimColor : MStyle::buttonRimColor), 1));
+                    m_down          ? MStyle::buttonDownBottom
+                        : m_checked ? MStyle::buttonCheckedBottom
+                                    : MStyle::buttonBottom);
+    painter->setPen(QPen(lit ? MStyle::buttonLitRim : MStyle::buttonRim, 1));
     painter->setBrush(face);
     painter->drawRoundedRect(frame, MStyle::buttonRadius, MStyle::buttonRadius);
-    painter->setPen(QPen(QColor::fromRgba(m_down ? MStyle::buttonDownGlossColor : MStyle::buttonGlossColor), 1));
+    painter->setPen(QPen(m_down ? MStyle::buttonDownGloss : MStyle::buttonGloss, 1));
     painter->drawLine(frame.topLeft() + QPointF(MStyle::buttonRadius, 1),
                       frame.topRight() + QPointF(-MStyle::buttonRadius, 1));
 }
@@ -298,7 +295,7 @@ void MButton::drawText(QPainter *painter)
         m_fitted = true;
     }
     painter->setFont(m_fittedFont);
-    painter->setPen(QColor(MStyle::buttonTextColor));
+    painter->setPen(MStyle::buttonText);
     painter->drawText(area, Qt::AlignCenter | Qt::TextSingleLine, m_fittedText);
 }
 

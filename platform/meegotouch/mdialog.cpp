@@ -3,7 +3,6 @@
 #include "mapplicationwindow.h"
 #include "mbutton.h"
 #include "mstyle.h"
-#include "mwidgetstyle.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>

@@ -25,7 +25,7 @@ MLabel::MLabel(QGraphicsItem *parent)
 MLabel::MLabel(const QString &text, QGraphicsItem *parent)
     : MWidget(parent)
     , m_text(text)
-    , m_color(MStyle::labelTextColor)
+    , m_color(MStyle::labelText)
 {
     setFont(labelFont(font()));
 }
@@ -53,7 +53,7 @@ void MLabel::setFont(const QFont &font)
 
 void MLabel::setColor(const QColor &color)
 {
-    m_color = color.isValid() ? color : QColor(MStyle::labelTextColor);
+    m_color = color.isValid() ? color : MStyle::labelText;
     update();
 }
 

@@ -2,7 +2,6 @@
 
 #include "mpannableviewport.h"
 #include "mstyle.h"
-#include "mwidgetstyle.h"
 
 #include <QAbstractItemModel>
 #include <QGraphicsSceneMouseEvent>

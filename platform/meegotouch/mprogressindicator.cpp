@@ -61,8 +61,8 @@ void MProgressIndicator::paint(QPainter *painter, const QStyleOptionGraphicsItem
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(rect().center());
-    painter->setPen(QPen(QColor::fromRgba(MStyle::spinnerPlateRimColor), 1));
-    painter->setBrush(QColor::fromRgba(MStyle::spinnerPlateColor));
+    painter->setPen(QPen(MStyle::spinnerPlateRim, 1));
+    painter->setBrush(MStyle::spinnerPlate);
     const qreal plate = side / 2 - 0.5;
     painter->drawRoundedRect(QRectF(-plate, -plate, 2 * plate, 2 * plate), side / 6, side / 6);
     const qreal turn
@@ -72,7 +72,7 @@ void MProgressIndicator::paint(QPainter *painter, const QStyleOptionGraphicsItem
         const qreal place = qreal(i) / MStyle::spinnerDots;
         // 1 right behind the head of the comet, falling to 0 at the end of its tail.
         const qreal brightness = 1 - (turn - place - std::floor(turn - place));
-        QColor dot(MStyle::spinnerDotColor);
+        QColor dot = MStyle::spinnerDot;
         dot.setAlphaF(0.15 + 0.85 * brightness * brightness);
         painter->setBrush(dot);
         painter->save();

@@ -47,59 +47,59 @@ inline constexpr QColor rowPressedBottom{20, 84, 132};
 inline constexpr qreal dragThreshold = 10;
 
 // Widgets: faces and rims are those of the chrome's artwork
-constexpr QRgb accentColor = 0xff278cc2;
-constexpr qreal disabledOpacity = 0.4;
-constexpr qreal focusRingWidth = 2;
+inline constexpr QColor accent{39, 140, 194};
+inline constexpr qreal disabledOpacity = 0.4;
+inline constexpr qreal focusRingWidth = 2;
 
-constexpr qreal buttonRadius = 7;
-constexpr qreal buttonTextMargin = 10;
-constexpr qreal buttonHeight = 48;
-constexpr qreal buttonMinimumWidth = 96;
-constexpr int buttonTextSize = 18;
-constexpr int buttonSmallestTextSize = 14;
-constexpr QRgb buttonTextColor = 0xffffffff;
-constexpr QRgb buttonTopColor = 0xff5d6c77;
-constexpr QRgb buttonBottomColor = 0xff28323a;
-constexpr QRgb buttonRimColor = 0xff8998a3;
-constexpr QRgb buttonGlossColor = 0x59ffffff;
-constexpr QRgb buttonDownTopColor = 0xff07507d;
-constexpr QRgb buttonDownBottomColor = 0xff278cc2;
-constexpr QRgb buttonDownGlossColor = 0x59000000;
-constexpr QRgb buttonCheckedTopColor = 0xff2681b8;
-constexpr QRgb buttonCheckedBottomColor = 0xff0a5483;
-constexpr QRgb buttonLitRimColor = 0xffa5dcf9;
+inline constexpr qreal buttonRadius = 7;
+inline constexpr qreal buttonTextMargin = 10;
+inline constexpr qreal buttonHeight = 48;
+inline constexpr qreal buttonMinimumWidth = 96;
+inline constexpr int buttonTextSize = 18;
+inline constexpr int buttonSmallestTextSize = 14;
+inline constexpr QColor buttonText{255, 255, 255};
+inline constexpr QColor buttonTop{93, 108, 119};
+inline constexpr QColor buttonBottom{40, 50, 58};
+inline constexpr QColor buttonRim{137, 152, 163};
+inline constexpr QColor buttonGloss{255, 255, 255, 89};
+inline constexpr QColor buttonDownTop{7, 80, 125};
+inline constexpr QColor buttonDownBottom{39, 140, 194};
+inline constexpr QColor buttonDownGloss{0, 0, 0, 89};
+inline constexpr QColor buttonCheckedTop{38, 129, 184};
+inline constexpr QColor buttonCheckedBottom{10, 84, 131};
+inline constexpr QColor buttonLitRim{165, 220, 249};
 
-constexpr QRgb labelTextColor = 0xff1a1d21;
+inline constexpr QColor labelText{26, 29, 33};
 
-constexpr qreal fieldRadius = 6;
-constexpr qreal fieldInset = 4;
-constexpr qreal fieldPadding = 4;
-constexpr qreal fieldHeight = 48;
-constexpr qreal fieldMultiLineHeight = 144;
-constexpr qreal fieldWidth = 360;
-constexpr QRgb fieldColor = 0xfffcfcfc;
-constexpr QRgb fieldRimColor = 0xff8998a3;
-constexpr QRgb fieldTextColor = 0xff14171a;
-constexpr QRgb fieldSelectionColor = 0xff2681b8;
-constexpr QRgb fieldSelectedTextColor = 0xffffffff;
+inline constexpr qreal fieldRadius = 6;
+inline constexpr qreal fieldInset = 4;
+inline constexpr qreal fieldPadding = 4;
+inline constexpr qreal fieldHeight = 48;
+inline constexpr qreal fieldMultiLineHeight = 144;
+inline constexpr qreal fieldWidth = 360;
+inline constexpr QColor fieldFace{252, 252, 252};
+inline constexpr QColor fieldRim{137, 152, 163};
+inline constexpr QColor fieldText{20, 23, 26};
+inline constexpr QColor fieldSelection{38, 129, 184};
+inline constexpr QColor fieldSelectedText{255, 255, 255};
 
-constexpr qreal spinnerSize = 80;
-constexpr int spinnerDots = 12;
-constexpr int spinnerTurnDuration = 1000;
-constexpr int spinnerFrameDuration = 33;
-constexpr QRgb spinnerPlateColor = 0xd0101418;
-constexpr QRgb spinnerPlateRimColor = 0x50ffffff;
-constexpr QRgb spinnerDotColor = 0xffffffff;
+inline constexpr qreal spinnerSize = 80;
+inline constexpr int spinnerDots = 12;
+inline constexpr int spinnerTurnDuration = 1000;
+inline constexpr int spinnerFrameDuration = 33;
+inline constexpr QColor spinnerPlate{16, 20, 24, 208};
+inline constexpr QColor spinnerPlateRim{255, 255, 255, 80};
+inline constexpr QColor spinnerDot{255, 255, 255};
 
 // Panning
-constexpr qreal wheelNotchDistance = 60;
-constexpr qreal revealMargin = 10;
-constexpr qreal positionBarWidth = 4;
-constexpr qreal positionBarMargin = 2;
-constexpr qreal positionBarSmallestLength = 24;
-constexpr int positionBarHoldDuration = 700;
-constexpr int positionBarFadeDuration = 300;
-constexpr QRgb positionBarColor = 0xb0404a52;
-constexpr QRgb positionBarRimColor = 0x60ffffff;
+inline constexpr qreal wheelNotchDistance = 60;
+inline constexpr qreal revealMargin = 10;
+inline constexpr qreal positionBarWidth = 4;
+inline constexpr qreal positionBarMargin = 2;
+inline constexpr qreal positionBarSmallestLength = 24;
+inline constexpr int positionBarHoldDuration = 700;
+inline constexpr int positionBarFadeDuration = 300;
+inline constexpr QColor positionBar{64, 74, 82, 176};
+inline constexpr QColor positionBarRim{255, 255, 255, 96};
 
 } // namespace MStyle

@@ -40,12 +40,12 @@ Qt::InputMethodHints hintsFor(M::TextContentType type)
 QPalette fieldPalette()
 {
     QPalette palette;
-    palette.setColor(QPalette::Window, QColor(MStyle::fieldColor));
-    palette.setColor(QPalette::Base, QColor(MStyle::fieldColor));
-    palette.setColor(QPalette::WindowText, QColor(MStyle::fieldTextColor));
-    palette.setColor(QPalette::Text, QColor(MStyle::fieldTextColor));
-    palette.setColor(QPalette::Highlight, QColor(MStyle::fieldSelectionColor));
-    palette.setColor(QPalette::HighlightedText, QColor(MStyle::fieldSelectedTextColor));
+    palette.setColor(QPalette::Window, MStyle::fieldFace);
+    palette.setColor(QPalette::Base, MStyle::fieldFace);
+    palette.setColor(QPalette::WindowText, MStyle::fieldText);
+    palette.setColor(QPalette::Text, MStyle::fieldText);
+    palette.setColor(QPalette::Highlight, MStyle::fieldSelection);
+    palette.setColor(QPalette::HighlightedText, MStyle::fieldSelectedText);
     return palette;
 }
 
@@ -280,8 +280,8 @@ void MTextEdit::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidg
     const bool focused = hasFocus();
     const qreal penWidth = focused ? MStyle::focusRingWidth : 1;
     const qreal inset = penWidth / 2;
-    painter->setPen(QPen(QColor(focused ? MStyle::accentColor : MStyle::fieldRimColor), penWidth));
-    painter->setBrush(QColor(MStyle::fieldColor));
+    painter->setPen(QPen(focused ? MStyle::accent : MStyle::fieldRim, penWidth));
+    painter->setBrush(MStyle::fieldFace);
     painter->drawRoundedRect(rect().adjusted(inset, inset, -inset, -inset), MStyle::fieldRadius, MStyle::fieldRadius);
     painter->restore();
 }
