@@ -163,7 +163,7 @@ void MDialog::paintTitle(QPainter *painter) const
     const QRectF text = bar.adjusted(MStyle::popupPadding, 0, -MStyle::popupPadding, 0);
     painter->drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                       painter->fontMetrics().elidedText(m_title, Qt::ElideRight, int(text.width())));
-    painter->fillRect(QRectF(bar.left() + 1, bar.bottom() - 2, bar.width() - 2, 2), QColor(MStyle::accentColor));
+    painter->fillRect(QRectF(bar.left() + 1, bar.bottom() - 2, bar.width() - 2, 2), MStyle::accent);
 }
 
 void MDialog::accept()

@@ -119,7 +119,7 @@ private:
             painter->setBrush(highlight);
             painter->drawRoundedRect(cell, MStyle::rowRadius, MStyle::rowRadius);
         } else if (row == m_current) {
-            painter->setPen(QPen(QColor(MStyle::accentColor), MStyle::focusRingWidth));
+            painter->setPen(QPen(MStyle::accent, MStyle::focusRingWidth));
             painter->setBrush(Qt::NoBrush);
             painter->drawRoundedRect(cell.adjusted(1, 1, -1, -1), MStyle::rowRadius, MStyle::rowRadius);
         }
