@@ -30,8 +30,6 @@ CREATE INDEX IF NOT EXISTS message_sender ON message(sender);
 CREATE INDEX IF NOT EXISTS delivery_recipient ON delivery(recipient, read);
 CREATE TABLE IF NOT EXISTS invitation(id INTEGER PRIMARY KEY, sender TEXT NOT NULL REFERENCES player,
     game INTEGER NOT NULL, name TEXT NOT NULL, address TEXT NOT NULL, sent INTEGER NOT NULL);
-CREATE TABLE IF NOT EXISTS share(player TEXT NOT NULL REFERENCES player, game INTEGER NOT NULL REFERENCES game,
-    network TEXT NOT NULL, at INTEGER NOT NULL);
 )";
 
 void execute(sqlite3 *connection, const char *sql)

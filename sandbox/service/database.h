@@ -52,12 +52,6 @@ struct Trophy {
     std::time_t wonAt = 0;
 };
 
-/// The trophies of two players in one game.
-struct Comparison {
-    Game mine;
-    Game theirs;
-};
-
 /// The last message between a player and another one.
 struct Conversation {
     Player other;
@@ -142,7 +136,7 @@ public:
     /// Stores one message for all recipients, each counted once. False, and nothing stored, when one does not exist.
     bool addMessage(const std::string &senderId, int game, const std::vector<std::string> &recipients,
                     const std::string &text);
-    /// Stores invitations as pairs of name and address.
+    /// Stores invitations as pairs of name and address. For a game shared on a network that is the network's name.
     void addInvitations(const std::string &senderId, int game,
                         const std::vector<std::pair<std::string, std::string>> &invited);
     std::vector<Invitation> invitations(const std::string &senderId);
@@ -157,7 +151,6 @@ public:
     int addTrophies(const std::string &playerId, int game, const std::vector<int> &bits);
     std::vector<Player> friendsInGame(int game, const std::string &playerId);
     std::vector<News> news(const std::string &playerId, Language language);
-    void addShare(const std::string &playerId, int game, const std::string &network);
 
     Unread unread(const std::string &playerId);
 

@@ -98,10 +98,3 @@ std::vector<News> Database::news(const std::string &playerId, Language language)
         result.push_back({playerAt(rows, 0), rows.text(5), rows.text(6), rows.number(7)});
     return result;
 }
-
-void Database::addShare(const std::string &playerId, int game, const std::string &network)
-{
-    const std::lock_guard lock(m_mutex);
-    Statement(m_connection.get(), "INSERT INTO share VALUES(?, ?, ?, ?)", playerId, game, network, std::time(nullptr))
-        .next();
-}

@@ -30,14 +30,21 @@ std::optional<Session> Sessions::find(const std::string &id)
     return entry->second.session;
 }
 
-std::string Sessions::save(const std::string &id, const Session &session)
+std::string Sessions::create(const Session &session)
 {
     const std::lock_guard lock(m_mutex);
-    const std::string key = id.empty() ? randomToken() : id;
-    m_entries[key] = {session, std::chrono::steady_clock::now()};
+    const std::string id = randomToken();
+    m_entries[id] = {session, std::chrono::steady_clock::now()};
     if (m_entries.size() > mostSessions)
         dropStale();
-    return key;
+    return id;
+}
+
+void Sessions::update(const std::string &id, const Session &session)
+{
+    const std::lock_guard lock(m_mutex);
+    if (const auto entry = m_entries.find(id); entry != m_entries.end())
+        entry->second.session = session;
 }
 
 void Sessions::remove(const std::string &id)

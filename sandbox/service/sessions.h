@@ -17,7 +17,7 @@ struct Session {
     int game = 0;
     /// Handed to the companion in place of the password; empty when the login is not to be remembered.
     std::string loginToken;
-    /// Key of a text that the next page shows once.
+    /// Text that the next page shows once.
     std::string notice;
 
     bool operator==(const Session &other) const;
@@ -27,8 +27,10 @@ struct Session {
 class Sessions {
 public:
     std::optional<Session> find(const std::string &id);
-    /// Keeps @p session under @p id, and under a new id when @p id is empty. Returns the id.
-    std::string save(const std::string &id, const Session &session);
+    /// Keeps @p session under a new id, which it returns.
+    std::string create(const Session &session);
+    /// Changes the session of that id. One that has ended stays ended.
+    void update(const std::string &id, const Session &session);
     void remove(const std::string &id);
     /// Ends every other session of @p player than @p id.
     void removeOthers(const std::string &player, const std::string &id);

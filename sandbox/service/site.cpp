@@ -120,8 +120,8 @@ Reply Site::answer(const Request &request)
 {
     Visit visit{request, {}, {}, {}, false};
     try {
-        visit.session = m_sessions.find(request.sessionId).value_or(Session());
-        const Session before = visit.session;
+        const std::optional<Session> before = m_sessions.find(request.sessionId);
+        visit.session = before.value_or(Session());
         visit.session.language = languageOf(value(request.query, "lg"), visit.session.language);
         visit.player = m_database.player(visit.session.player);
         Reply reply = dispatch(visit);
@@ -169,17 +169,17 @@ Reply Site::dispatch(Visit &visit)
     return problem(visit, 404);
 }
 
-void Site::keepSession(const Visit &visit, const Session &before, Reply &reply)
+void Site::keepSession(const Visit &visit, const std::optional<Session> &before, Reply &reply)
 {
-    if (!visit.renewed && visit.session == before)
+    if (!visit.renewed && visit.session == before.value_or(Session()))
         return;
+    if (before && !visit.renewed) {
+        m_sessions.update(visit.request.sessionId, visit.session);
+        return;
+    }
     // Whoever gains or loses rights gets a new id, so that an id known before is worth nothing after.
-    const bool isNew = visit.renewed || !m_sessions.find(visit.request.sessionId);
-    if (visit.renewed)
-        m_sessions.remove(visit.request.sessionId);
-    const std::string id = m_sessions.save(isNew ? std::string() : visit.request.sessionId, visit.session);
-    if (isNew)
-        reply.sessionId = id;
+    m_sessions.remove(visit.request.sessionId);
+    reply.sessionId = m_sessions.create(visit.session);
 }
 
 void Site::stop()

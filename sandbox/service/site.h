@@ -65,7 +65,7 @@ private:
     static const std::vector<Route> routes;
 
     Reply dispatch(Visit &visit);
-    void keepSession(const Visit &visit, const Session &before, Reply &reply);
+    void keepSession(const Visit &visit, const std::optional<Session> &before, Reply &reply);
 
     // Signing in
     Reply home(Visit &visit);

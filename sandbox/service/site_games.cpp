@@ -138,7 +138,7 @@ Reply Site::twitterPage(Visit &visit)
 Reply Site::tweet(Visit &visit)
 {
     const Game game = gameOf(visit.arguments[0], visit.player->id, visit.session.language);
-    m_database.addShare(visit.player->id, game.id, "twitter");
+    m_database.addInvitations(visit.player->id, game.id, {{"Twitter", "Twitter"}});
     return redirection("/vantu/games/signal-twitter-send/gid/" + std::to_string(game.id));
 }
 
@@ -167,7 +167,7 @@ Reply Site::facebookPage(Visit &visit)
 Reply Site::shareOnFacebook(Visit &visit)
 {
     const Game game = gameOf(visit.arguments[0], visit.player->id, visit.session.language);
-    m_database.addShare(visit.player->id, game.id, "facebook");
+    m_database.addInvitations(visit.player->id, game.id, {{"Facebook", "Facebook"}});
     visit.session.notice = phrase("SHARED", visit.session.language);
     return redirection("/vantu/games/show-game/gid/" + std::to_string(game.id));
 }

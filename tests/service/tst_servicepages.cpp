@@ -395,6 +395,8 @@ private slots:
         QVERIFY(m_emma->open(L1("/vantu/games/recommend-via-twitter/id/5")));
         QVERIFY(m_emma->submit(m_emma->path(), ""));
         QCOMPARE(m_emma->path(), L1("/vantu/games/signal-twitter-send/gid/5"));
+        QVERIFY(m_emma->open(L1("/vantu/friends/show-invite-email")));
+        QVERIFY(m_emma->holds(L1("Facebook")) && m_emma->holds(L1("Twitter")));
     }
 
     void brokenPageDoesNotArrive()

@@ -100,8 +100,6 @@ private slots:
         QNetworkAccessManager network;
         QScopedPointer<QNetworkReply> waiting(
             network.get(QNetworkRequest(QUrl(service.root() + L1("/vantu/slow?ms=9000")))));
-        QSignalSpy answered(waiting.data(), &QNetworkReply::finished);
-        QTRY_COMPARE(waiting->isRunning(), true);
         service.get(L1("/vantu/info/"));
         QElapsedTimer time;
         time.start();
