@@ -7,8 +7,10 @@
 #include <QEvent>
 #include <QGraphicsProxyWidget>
 #include <QGraphicsScene>
+#include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QScrollEvent>
@@ -199,19 +201,13 @@ bool MTextEdit::eventFilter(QObject *watched, QEvent *event)
 /// to be a tap.
 bool MTextEdit::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
 {
-    auto *mouse = static_cast<QGraphicsSceneMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::GraphicsSceneMousePress:
-        if (!m_area || m_area->verticalScrollBar()->maximum() == 0 || mouse->button() != Qt::LeftButton
-            || mouse->source() == Qt::MouseEventNotSynthesized)
-            return false;
-        m_panned = m_tracker.press(mouse->scenePos());
-        event->accept();
-        return true;
+        return holdBackPress(static_cast<QGraphicsSceneMouseEvent *>(event));
     case QEvent::GraphicsSceneMouseMove:
         if (!m_tracker.isTracking())
             return false;
-        if (m_tracker.move(mouse->scenePos()))
+        if (m_tracker.move(static_cast<QGraphicsSceneMouseEvent *>(event)->scenePos()))
             m_panned = true;
         return true;
     case QEvent::GraphicsSceneMouseRelease:
@@ -219,18 +215,31 @@ bool MTextEdit::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
             return false;
         m_tracker.release();
         if (!m_panned)
-            tap(watched, *mouse);
+            deliverPress(watched, *static_cast<QGraphicsSceneMouseEvent *>(event));
         return m_panned;
     case QEvent::UngrabMouse:
         m_tracker.release();
         return false;
+    case QEvent::GraphicsSceneContextMenu:
+        showMenu(*static_cast<QGraphicsSceneContextMenuEvent *>(event));
+        return true;
     default:
         return MWidget::sceneEventFilter(watched, event);
     }
 }
 
+bool MTextEdit::holdBackPress(QGraphicsSceneMouseEvent *event)
+{
+    const bool canPan = m_area && m_area->verticalScrollBar()->maximum() > 0;
+    if (!canPan || event->button() != Qt::LeftButton || event->source() == Qt::MouseEventNotSynthesized)
+        return false;
+    m_panned = m_tracker.press(event->scenePos());
+    event->accept();
+    return true;
+}
+
 /// Delivers the press that was held back, right before its @p release.
-void MTextEdit::tap(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release)
+void MTextEdit::deliverPress(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release)
 {
     QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
     press.setWidget(release.widget());
@@ -241,6 +250,18 @@ void MTextEdit::tap(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &relea
     press.setButtons(release.button());
     press.setModifiers(release.modifiers());
     scene()->sendEvent(editor, &press);
+}
+
+/// The editor's own menu opens inside the scene, cut off at the edge of the window, and the focus does not come back
+/// from it: its entries go into a menu of the window.
+void MTextEdit::showMenu(const QGraphicsSceneContextMenuEvent &event)
+{
+    QMenu *entries = m_line ? m_line->createStandardContextMenu() : m_area->createStandardContextMenu();
+    auto *menu = new QMenu(event.widget());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(entries->actions());
+    connect(menu, &QObject::destroyed, entries, &QObject::deleteLater);
+    menu->popup(event.screenPos());
 }
 
 void MTextEdit::showPosition()

@@ -62,7 +62,9 @@ protected:
 private:
     QWidget *makeLine();
     QWidget *makeArea();
-    void tap(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release);
+    bool holdBackPress(QGraphicsSceneMouseEvent *event);
+    void deliverPress(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release);
+    void showMenu(const QGraphicsSceneContextMenuEvent &event);
     void showPosition();
 
     // The proxy is a child item and owns the editor: one of m_line and m_area, as the line mode says.

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QInputMethodQueryEvent>
+#include <QMenu>
 #include <QSignalSpy>
 
 Q_DECLARE_METATYPE(MTextEditModel::LineMode)
@@ -61,6 +62,8 @@ private slots:
     void takesTyping();
     void selectsCopiesAndUndoes_data() { addLineModes(); }
     void selectsCopiesAndUndoes();
+    void hasAMenu_data() { addLineModes(); }
+    void hasAMenu();
     void keepsItsText_data();
     void keepsItsText();
     void aPasteIntoALineHasNoBreaks();
@@ -116,6 +119,29 @@ void TextEditTest::selectsCopiesAndUndoes()
     QCOMPARE(edit->text(), QStringLiteral("one twoone two"));
     QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(edit->text(), QStringLiteral("one two"));
+}
+
+void TextEditTest::hasAMenu()
+{
+    QFETCH(MTextEditModel::LineMode, mode);
+    Stage stage;
+    MTextEdit *edit = editOn(stage, mode, QStringLiteral("one"));
+    edit->setFocus();
+    const QPoint corner = stage.window.mapFromScene(edit->sceneBoundingRect().bottomRight() - QPointF(10, 10));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, corner, stage.window.viewport()->mapToGlobal(corner));
+    QCoreApplication::sendEvent(stage.window.viewport(), &event);
+    const QPointer<QMenu> menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QVERIFY(menu->screen()->geometry().contains(menu->geometry()));
+    QAction *selectAll = menu->actions().last();
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(selectAll).center());
+    QTRY_VERIFY(!menu);
+    // Where there is no window manager, nobody gives the activation back.
+    stage.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+    QVERIFY(edit->hasFocus());
+    QTest::keyClicks(&stage.window, QStringLiteral("two"));
+    QCOMPARE(edit->text(), QStringLiteral("two"));
 }
 
 void TextEditTest::keepsItsText_data()
