@@ -16,6 +16,7 @@
 
 #include <QKeyEvent>
 #include <QLinearGradient>
+#include <QNetworkAccessManager>
 #include <QPainter>
 #include <QWebFrame>
 #include <QWebPage>
@@ -81,6 +82,8 @@ void VantuPage::initWebView()
     webView->page()->setPreferredContentsSize(QSize(320, 400));
     webView->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, true);
     webView->settings()->setAttribute(QWebSettings::FrameFlatteningEnabled, true);
+    // A service that takes a request and then says nothing must not keep the player in a page without commands.
+    webView->page()->networkAccessManager()->setTransferTimeout();
     mainPolicy->addItemAtGeometry(webView, webViewRect());
 
     connect(webView, &QGraphicsWebView::loadStarted, this, &VantuPage::on_pageLoadStarted);

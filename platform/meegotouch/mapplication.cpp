@@ -89,6 +89,10 @@ MApplication::MApplication(int &argc, char **argv)
     setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     setPalette(style()->standardPalette());
     QFont textFont = font();
+    QStringList families;
+    for (const char *family : MStyle::fontFamilies)
+        families << QLatin1String(family);
+    textFont.setFamilies(families << textFont.family());
     textFont.setPixelSize(MStyle::fontPixelSize);
     setFont(textFont);
 }

@@ -10,7 +10,8 @@ namespace MStyle {
 inline constexpr QSize portraitSceneSize{480, 814};
 inline constexpr QSize landscapeSceneSize{814, 480};
 
-// Text
+// Text: a phone's narrow letters where there are any, else what the system has
+inline constexpr const char *fontFamilies[] = {"Liberation Sans", "Nimbus Sans", "Arimo", "DejaVu Sans Condensed"};
 inline constexpr int fontPixelSize = 20;
 
 // Popups: a pane of dark glass over a dimmed page
