@@ -70,9 +70,11 @@ void MPannableViewport::fitContent()
     if (!m_content)
         return;
     const qreal width = size().width();
+    const qreal formerRange = range();
     m_content->resize(width, m_content->effectiveSizeHint(Qt::PreferredSize, QSizeF(width, -1)).height());
-    // A finger or a flick that is moving the content goes on within the new ends.
-    if (!m_tracker.adapt() && m_position > range())
+    // A finger or a flick that is moving the content goes on within the new ends. Otherwise this shows that there is
+    // more than is in view.
+    if (!m_tracker.adapt() && !qFuzzyCompare(1 + formerRange, 1 + range()))
         showAt(m_position, 0);
 }
 

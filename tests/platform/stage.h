@@ -1,31 +1,26 @@
 #pragma once
 
+#include "finger.h"
 #include "mapplicationpage.h"
 #include "mapplicationwindow.h"
 
-#include <QMouseEvent>
-#include <QTest>
-#include <QTouchDevice>
-
-enum class Pointer { Mouse, Touch };
-Q_DECLARE_METATYPE(Pointer)
-
-/// A window with a page on it, and a mouse or finger to play on it with. Positions are scene pixels.
+/// A window with a page on it, and a finger to play on it with. Positions are scene pixels.
 class Stage {
 public:
     MApplicationWindow window;
     MApplicationPage page;
+    Finger finger;
 
-    Stage()
+    explicit Stage(Finger::Kind kind = Finger::Mouse)
+        : finger(&window, kind)
     {
-        window.resize(480, 814); // one screen pixel a scene pixel, whatever the screen has room for
+        // One screen pixel a scene pixel, whatever the screen has room for.
+        window.resize(480, 814);
         window.show();
         page.appear(&window, MSceneWindow::KeepWhenDone);
-        ready = QTest::qWaitForWindowActive(&window);
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("The window does not become active");
     }
-
-    bool ready;
-    Pointer pointer = Pointer::Mouse;
 
     void put(QGraphicsWidget *widget, const QRectF &place)
     {
@@ -33,49 +28,14 @@ public:
         widget->setGeometry(place);
     }
 
-    void press(const QPointF &position)
-    {
-        if (pointer == Pointer::Touch)
-            QTest::touchEvent(&window, finger()).press(0, toWindow(position), &window);
-        else
-            QTest::mousePress(window.viewport(), Qt::LeftButton, {}, window.mapFromScene(position));
-    }
-
-    void move(const QPointF &position)
-    {
-        if (pointer == Pointer::Touch) {
-            QTest::touchEvent(&window, finger()).move(0, toWindow(position), &window);
-            return;
-        }
-        // QTest::mouseMove() tells of no button.
-        const QPoint local = window.mapFromScene(position);
-        QMouseEvent event(QEvent::MouseMove, local, window.viewport()->mapToGlobal(local), Qt::NoButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(window.viewport(), &event);
-    }
-
-    void release(const QPointF &position)
-    {
-        if (pointer == Pointer::Touch)
-            QTest::touchEvent(&window, finger()).release(0, toWindow(position), &window);
-        else
-            QTest::mouseRelease(window.viewport(), Qt::LeftButton, {}, window.mapFromScene(position));
-    }
-
-    void tap(const QPointF &position)
-    {
-        press(position);
-        release(position);
-    }
-
-    /// Moves in small steps, as a hand does, and stays down.
-    void drag(const QPointF &from, const QPointF &to)
+    /// At the pace of a hand, which is what flicks are told from; stays down.
+    void dragSlowly(const QPointF &from, const QPointF &to)
     {
         constexpr int steps = 10;
-        press(from);
+        finger.press(from);
         for (int i = 1; i <= steps; ++i) {
             QTest::qWait(5);
-            move(from + (to - from) * i / steps);
+            finger.move(from + (to - from) * i / steps);
         }
     }
 
@@ -85,18 +45,6 @@ public:
     {
         const QRectF place = item->sceneBoundingRect();
         return picture().copy(QRect(window.mapFromScene(place.topLeft()), place.size().toSize()));
-    }
-
-private:
-    QTouchDevice *finger() const
-    {
-        static QTouchDevice *device = QTest::createTouchDevice();
-        return device;
-    }
-
-    QPoint toWindow(const QPointF &position) const
-    {
-        return window.viewport()->mapTo(&window, window.mapFromScene(position));
     }
 };
 

@@ -49,11 +49,11 @@ struct Panel {
     qreal contentHeight() const { return viewport->widget()->size().height(); }
 };
 
-void addPointers()
+void addKinds()
 {
-    QTest::addColumn<Pointer>("pointer");
-    QTest::newRow("mouse") << Pointer::Mouse;
-    QTest::newRow("touch") << Pointer::Touch;
+    QTest::addColumn<Finger::Kind>("kind");
+    QTest::newRow("mouse") << Finger::Mouse;
+    QTest::newRow("touch") << Finger::Touch;
 }
 
 const QPointF onFirstRow(80, 85);
@@ -68,11 +68,11 @@ private slots:
     void flows_data();
     void flows();
     void flowFollowsItsItems();
-    void tapsReachTheContent_data() { addPointers(); }
+    void tapsReachTheContent_data() { addKinds(); }
     void tapsReachTheContent();
-    void dragsPanAndDoNotClick_data() { addPointers(); }
+    void dragsPanAndDoNotClick_data() { addKinds(); }
     void dragsPanAndDoNotClick();
-    void aFlickGoesOnAndATapStopsIt_data() { addPointers(); }
+    void aFlickGoesOnAndATapStopsIt_data() { addKinds(); }
     void aFlickGoesOnAndATapStopsIt();
     void shortContentStays();
     void theWheelPans();
@@ -141,62 +141,59 @@ void PannableViewportTest::flowFollowsItsItems()
 
 void PannableViewportTest::tapsReachTheContent()
 {
-    Stage stage;
+    QFETCH(Finger::Kind, kind);
+    Stage stage(kind);
     Panel panel(stage, 30);
-    QFETCH(Pointer, pointer);
-    stage.pointer = pointer;
-    stage.press(onThirdRow);
+    stage.finger.press(onThirdRow);
     QVERIFY(panel.buttons.at(6)->isDown());
-    stage.move(onThirdRow + QPointF(3, 3));
-    stage.release(onThirdRow + QPointF(3, 3));
+    stage.finger.move(onThirdRow + QPointF(3, 3));
+    stage.finger.release();
     QCOMPARE(panel.clicks, QVector<int>{6});
     QCOMPARE(panel.viewport->position(), 0.0);
 }
 
 void PannableViewportTest::dragsPanAndDoNotClick()
 {
-    Stage stage;
+    QFETCH(Finger::Kind, kind);
+    Stage stage(kind);
     Panel panel(stage, 30);
-    QFETCH(Pointer, pointer);
-    stage.pointer = pointer;
-    stage.press(onThirdRow);
+    stage.finger.press(onThirdRow);
     QVERIFY(panel.buttons.at(6)->isDown());
-    stage.move(onThirdRow - QPointF(0, 15));
+    stage.finger.move(onThirdRow - QPointF(0, 15));
     QVERIFY(!panel.buttons.at(6)->isDown());
     // Back on the button that was pressed: the finger pans, whatever lies under it.
-    stage.drag(onThirdRow, onFirstRow);
+    stage.dragSlowly(onThirdRow, onFirstRow);
     const qreal position = panel.viewport->position();
     QVERIFY2(position > 60 && position <= 100, qPrintable(QString::number(position)));
-    stage.release(onFirstRow);
+    stage.finger.release();
     QVERIFY(panel.clicks.isEmpty());
     QVERIFY(!stage.window.scene()->mouseGrabberItem());
 
     // From an empty place at the end of a row too.
     QScroller::scroller(panel.viewport)->stop();
     panel.viewport->setPosition(0);
-    stage.drag(QPointF(468, 180), QPointF(468, 100));
+    stage.dragSlowly(QPointF(468, 180), QPointF(468, 100));
     QVERIFY(panel.viewport->position() > 0);
-    stage.release(QPointF(468, 100));
+    stage.finger.release();
 }
 
 void PannableViewportTest::aFlickGoesOnAndATapStopsIt()
 {
-    Stage stage;
+    QFETCH(Finger::Kind, kind);
+    Stage stage(kind);
     Panel panel(stage, 300);
-    QFETCH(Pointer, pointer);
-    stage.pointer = pointer;
-    stage.drag(onThirdRow, onFirstRow);
-    stage.release(onFirstRow);
+    stage.dragSlowly(onThirdRow, onFirstRow);
+    stage.finger.release();
     const qreal atRelease = panel.viewport->position();
     QTRY_VERIFY(panel.viewport->position() > atRelease + 50);
-    stage.tap(onFirstRow);
+    stage.finger.tap(onFirstRow);
     const qreal stopped = panel.viewport->position();
     QVERIFY(panel.clicks.isEmpty());
     QTRY_COMPARE(QScroller::scroller(panel.viewport)->state(), QScroller::Inactive);
     QVERIFY(qAbs(panel.viewport->position() - stopped) < 5);
     const auto inView = std::find_if(panel.buttons.begin(), panel.buttons.end(),
                                      [](MButton *button) { return place.contains(button->sceneBoundingRect()); });
-    stage.tap((*inView)->sceneBoundingRect().center());
+    stage.finger.tap((*inView)->sceneBoundingRect().center());
     QCOMPARE(panel.clicks, QVector<int>{int(inView - panel.buttons.begin())});
 }
 
@@ -204,11 +201,11 @@ void PannableViewportTest::shortContentStays()
 {
     Stage stage;
     Panel panel(stage, 3);
-    stage.drag(onFirstRow, onFirstRow + QPointF(0, 60));
+    stage.dragSlowly(onFirstRow, onFirstRow + QPointF(0, 60));
     QCOMPARE(panel.viewport->widget()->y(), 0.0);
-    stage.release(onFirstRow + QPointF(0, 60));
+    stage.finger.release();
     QVERIFY(panel.clicks.isEmpty());
-    stage.tap(onFirstRow);
+    stage.finger.tap(onFirstRow);
     QCOMPARE(panel.clicks, QVector<int>{0});
 }
 
@@ -216,19 +213,13 @@ void PannableViewportTest::theWheelPans()
 {
     Stage stage;
     Panel panel(stage, 30);
-    const auto turn = [&stage](int delta) {
-        const QPointF at = stage.window.mapFromScene(onFirstRow);
-        QWheelEvent event(at, stage.window.viewport()->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, delta),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(stage.window.viewport(), &event);
-    };
-    turn(-120);
+    stage.finger.wheel(onFirstRow, -1);
     const qreal notch = panel.viewport->position();
     QVERIFY(notch > 20);
     QCOMPARE(panel.viewport->widget()->y(), -notch);
-    turn(-12000);
+    stage.finger.wheel(onFirstRow, -100);
     QCOMPARE(panel.viewport->position(), panel.contentHeight() - 170);
-    turn(12000);
+    stage.finger.wheel(onFirstRow, 100);
     QCOMPARE(panel.viewport->position(), 0.0);
 }
 
@@ -255,7 +246,7 @@ void PannableViewportTest::contentIsClipped()
     Stage stage;
     Panel panel(stage, 30);
     QVERIFY(place.toRect().contains(inked(stage.picture(), Qt::black)));
-    stage.tap(QPointF(80, 240));
+    stage.finger.tap(QPointF(80, 240));
     QVERIFY(panel.clicks.isEmpty());
 }
 
@@ -265,17 +256,17 @@ void PannableViewportTest::contentMayShrinkAnyTime()
     Panel panel(stage, 30);
     panel.viewport->setPosition(1e9);
     QCOMPARE(panel.viewport->position(), panel.contentHeight() - 170);
-    stage.drag(onFirstRow, onThirdRow);
+    stage.dragSlowly(onFirstRow, onThirdRow);
     for (int i = 3; i < 30; ++i)
         delete panel.buttons.at(i);
     panel.settle();
-    stage.release(onThirdRow);
+    stage.finger.release();
     QTRY_COMPARE(QScroller::scroller(panel.viewport)->state(), QScroller::Inactive);
     QCOMPARE(panel.viewport->widget()->y(), 0.0);
 
     panel.viewport->setWidget(nullptr);
-    stage.drag(onFirstRow, onThirdRow);
-    stage.release(onThirdRow);
+    stage.dragSlowly(onFirstRow, onThirdRow);
+    stage.finger.release();
 }
 
 void PannableViewportTest::aClickMayDeleteItsButton()
@@ -291,7 +282,7 @@ void PannableViewportTest::aClickMayDeleteItsButton()
         delete button;
     });
     for (int i = 0; i < 30; ++i) {
-        stage.tap(onFirstRow);
+        stage.finger.tap(onFirstRow);
         panel.settle();
         QVERIFY(!panel.buttons.at(i));
     }
@@ -304,7 +295,7 @@ void PannableViewportTest::hundredsOfButtons()
     Panel panel(stage, 500);
     QCOMPARE(panel.contentHeight(), 167 * 50.0 - 10);
     panel.viewport->setPosition(1e9);
-    stage.tap(onFirstRow + QPointF(0, 130));
+    stage.finger.tap(onFirstRow + QPointF(0, 130));
     QCOMPARE(panel.clicks, QVector<int>{498});
 }
 

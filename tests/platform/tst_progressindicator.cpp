@@ -80,9 +80,9 @@ void ProgressIndicatorTest::letsTapsThrough()
     Stage stage;
     auto *spinner = new MProgressIndicator;
     stage.put(spinner, place);
-    stage.press(place.center());
+    stage.finger.press(place.center());
     QVERIFY(stage.window.scene()->mouseGrabberItem() != spinner);
-    stage.release(place.center());
+    stage.finger.release();
 }
 
 QTEST_MAIN(ProgressIndicatorTest)

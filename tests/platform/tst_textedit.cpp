@@ -93,7 +93,7 @@ void TextEditTest::takesTyping()
     Stage stage;
     MTextEdit *edit = editOn(stage, mode);
     QSignalSpy changed(edit, &MTextEdit::textChanged);
-    stage.tap(edit->sceneBoundingRect().center());
+    stage.finger.tap(edit->sceneBoundingRect().center());
     QVERIFY(edit->hasFocus());
     QTest::keyClicks(&stage.window, QStringLiteral("Hi!"));
     QCOMPARE(edit->text(), QStringLiteral("Hi!"));
@@ -246,11 +246,11 @@ void TextEditTest::asksForTheSoftwareKeyboard()
     QVERIFY(edit->hasFocus());
 
     // A tap brings it back, whether the field still has the focus or not.
-    stage.tap(inEdit);
+    stage.finger.tap(inEdit);
     QVERIFY(keyboard.isInputPanelVisible());
     MInputMethodState::closeSoftwareInputPanel();
     edit->clearFocus();
-    stage.tap(inEdit);
+    stage.finger.tap(inEdit);
     QVERIFY(keyboard.isInputPanelVisible());
 }
 
@@ -286,11 +286,11 @@ void TextEditTest::focusPolicy()
     MTextEdit *edit = editOn(stage, MTextEditModel::MultiLine);
     edit->setFocusPolicy(policy);
     QCOMPARE(edit->focusPolicy(), policy);
-    stage.tap(areaPlace.center());
+    stage.finger.tap(areaPlace.center());
     QCOMPARE(edit->hasFocus(), byClick);
     edit->clearFocus();
     // The rim belongs to the field as well.
-    stage.tap(areaPlace.topLeft() + QPointF(200, 1));
+    stage.finger.tap(areaPlace.topLeft() + QPointF(200, 1));
     QCOMPARE(edit->hasFocus(), byClick);
     edit->clearFocus();
     QTest::keyClick(&stage.window, Qt::Key_Tab);
@@ -349,7 +349,7 @@ void TextEditTest::disabledTakesNothing()
     Stage stage;
     MTextEdit *edit = editOn(stage, MTextEditModel::SingleLine);
     edit->setEnabled(false);
-    stage.tap(linePlace.center());
+    stage.finger.tap(linePlace.center());
     QTest::keyClicks(&stage.window, QStringLiteral("x"));
     QCOMPARE(edit->text(), QString());
 }
@@ -361,23 +361,23 @@ void TextEditTest::aFingerPansAMouseSelects()
     const QPointF low(100, 560), high(100, 360);
     const QImage top = stage.picture(edit);
 
-    stage.pointer = Pointer::Touch;
-    stage.drag(low, high);
+    stage.finger = Finger(&stage.window, Finger::Touch);
+    stage.dragSlowly(low, high);
     QVERIFY(stage.picture(edit) != top);
-    stage.release(high);
+    stage.finger.release();
     QTest::keyClicks(&stage.window, QStringLiteral("x"));
     QVERIFY2(edit->text().startsWith(QLatin1String("x0\n")), "the cursor has moved");
 
     // A finger's tap places the cursor, though its press was held back.
     edit->setText(numberedLines(100));
-    stage.tap(QPointF(300, 322));
+    stage.finger.tap(QPointF(300, 322));
     QTest::keyClicks(&stage.window, QStringLiteral("y"));
     QVERIFY(edit->text().startsWith(QLatin1String("0y\n")));
 
     edit->setText(numberedLines(100));
-    stage.pointer = Pointer::Mouse;
-    stage.drag(QPointF(18, 322), QPointF(300, 760));
-    stage.release(QPointF(300, 760));
+    stage.finger = Finger(&stage.window, Finger::Mouse);
+    stage.dragSlowly(QPointF(18, 322), QPointF(300, 760));
+    stage.finger.release();
     QTest::keyClick(&stage.window, Qt::Key_Delete);
     QVERIFY(edit->text().count(QLatin1Char('\n')) < 90);
 }
@@ -387,10 +387,7 @@ void TextEditTest::theWheelScrolls()
     Stage stage;
     MTextEdit *edit = editOn(stage, MTextEditModel::MultiLine, numberedLines(100));
     const QImage before = stage.picture(edit);
-    const QPointF at(100, 500);
-    QWheelEvent event(at, stage.window.viewport()->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, -120), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(stage.window.viewport(), &event);
+    stage.finger.wheel(QPointF(100, 500), -1);
     QVERIFY(stage.picture(edit) != before);
 }
 
@@ -407,8 +404,9 @@ void TextEditTest::aLongTextIsQuick()
         QTest::keyClick(&stage.window, Qt::Key_X);
         stage.picture();
     }
-    qInfo("20 letters after 12,000, each drawn: %lld ms", clock.elapsed());
     QCOMPARE(edit->text().size(), 12020);
+    // A few milliseconds each; a machine that also builds may take its time.
+    QVERIFY2(clock.elapsed() < 20 * 150, qPrintable(QString::number(clock.elapsed())));
 }
 
 QTEST_MAIN(TextEditTest)
