@@ -1,0 +1,228 @@
+#include "bareview.h"
+#include "globaldefine.h"
+#include "mybutton.h"
+#include "myqwebview.h"
+#include "pages.h"
+#include "pageserver.h"
+#include "report.h"
+#include "testpage.h"
+
+#include "mapplication.h"
+#include "mapplicationwindow.h"
+#include "mbutton.h"
+
+#include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QNetworkProxy>
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+#include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+#include <ctime>
+
+namespace {
+
+constexpr int rowsOfPage = 20;
+constexpr int rowsOfLongPage = 200;
+constexpr int loads = 30;
+constexpr int dragSteps = 300;
+constexpr int dragDistance = 24; // pixels a step: a brisk finger
+constexpr int frameTime = 16; // milliseconds
+constexpr int paintSamples = 50;
+constexpr int paintsPerSample = 200;
+constexpr int patience = 30000; // milliseconds
+
+double milliseconds(const QElapsedTimer &clock)
+{
+    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+}
+
+/// Processor time of this thread: other programs on the machine do not count.
+double threadMilliseconds()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+void load(QGraphicsWebView &view, const QString &path)
+{
+    QEventLoop loop;
+    bool loaded = false;
+    QObject::connect(&view, &QGraphicsWebView::loadFinished, &loop, [&](bool ok) {
+        loaded = ok;
+        loop.quit();
+    });
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    view.setUrl(QUrl(QLatin1String(VANTU_SERVICE_ROOT) + path));
+    loop.exec();
+    if (!loaded)
+        qFatal("%s does not load", qPrintable(path));
+}
+
+/// Times the companion's whole work at the end of each of several loads: the search for the service's error sentences,
+/// the fifteen scripts, each time on a window object that is new, and the chrome.
+Samples timeLoadEnds(TestPage &page)
+{
+    Samples samples;
+    const auto unhook = [&page] {
+        QObject::disconnect(page.webView, &QGraphicsWebView::loadFinished, &page, &VantuPage::on_pageLoadFinished);
+    };
+    unhook();
+    const auto connection = QObject::connect(page.webView, &QGraphicsWebView::loadFinished, [&](bool ok) {
+        const double before = threadMilliseconds();
+        page.on_pageLoadFinished(ok);
+        samples.append(threadMilliseconds() - before);
+        unhook(); // The page hooks itself up again.
+    });
+    for (int i = 0; i < loads; ++i)
+        load(*page.webView, QStringLiteral("/vantu/friends/index/%1").arg(i));
+    QObject::disconnect(connection);
+    return samples;
+}
+
+class PaintCounter : public QObject {
+public:
+    int count = 0;
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++count;
+        return false;
+    }
+};
+
+void sendMouse(QWidget *viewport, QEvent::Type type, const QPoint &position)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, position, viewport->mapToGlobal(position), button, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &event);
+}
+
+struct Drag {
+    Samples untilDrawn; ///< from the mouse event to the end of the painting
+    Samples work; ///< processor time of the frame, with what the step leaves to timers, such as new tiles
+};
+
+/// Drags the page upwards in one long stroke, so that each step brings new rows onto the screen.
+Drag drag(QGraphicsView &window)
+{
+    QWidget *viewport = window.viewport();
+    PaintCounter paints;
+    viewport->installEventFilter(&paints);
+    Drag result;
+    QPoint finger(240, 650);
+    sendMouse(viewport, QEvent::MouseButtonPress, finger);
+    finger.ry() -= 40; // Past the threshold of a drag.
+    sendMouse(viewport, QEvent::MouseMove, finger);
+    QTest::qWait(500);
+    for (int step = 0; step < dragSteps; ++step) {
+        const int paintsBefore = paints.count;
+        const double workBefore = threadMilliseconds();
+        QElapsedTimer clock;
+        clock.start();
+        finger.ry() -= dragDistance;
+        sendMouse(viewport, QEvent::MouseMove, finger);
+        while (paints.count == paintsBefore && clock.elapsed() < patience)
+            QCoreApplication::processEvents();
+        if (paints.count == paintsBefore)
+            qFatal("Drag step %d of %s paints nothing", step, window.metaObject()->className());
+        result.untilDrawn.append(milliseconds(clock));
+        QEventLoop rest;
+        QTimer::singleShot(static_cast<int>(std::max<qint64>(1, frameTime - clock.elapsed())), Qt::PreciseTimer, &rest,
+                           &QEventLoop::quit);
+        rest.exec();
+        result.work.append(threadMilliseconds() - workBefore);
+    }
+    sendMouse(viewport, QEvent::MouseButtonRelease, finger);
+    viewport->removeEventFilter(&paints);
+    return result;
+}
+
+/// Times single paintings of @p item in microseconds, the way the window paints it.
+Samples timePainting(QGraphicsWidget &item)
+{
+    QImage canvas(480, 120, QImage::Format_RGB32);
+    canvas.fill(Qt::black);
+    QPainter painter(&canvas);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    painter.translate(100, 20);
+    QStyleOptionGraphicsItem option;
+    Samples samples;
+    for (int sample = 0; sample < paintSamples; ++sample) {
+        const double before = threadMilliseconds();
+        for (int i = 0; i < paintsPerSample; ++i)
+            item.paint(&painter, &option, nullptr);
+        samples.append((threadMilliseconds() - before) * 1000 / paintsPerSample);
+    }
+    return samples;
+}
+
+/// The samples of the item that takes longest.
+Samples timeSlowest(const QList<QGraphicsWidget *> &items)
+{
+    Samples slowest;
+    for (QGraphicsWidget *item : items) {
+        const Samples samples = timePainting(*item);
+        if (slowest.isEmpty() || median(samples) > median(slowest))
+            slowest = samples;
+    }
+    return slowest;
+}
+
+/// Shows @p window with one scene pixel a screen pixel, also where the screen is smaller.
+void show(QWidget &window)
+{
+    window.resize(480, 814);
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window))
+        qFatal("The window does not appear");
+}
+
+} // namespace
+
+// bench_page: what the companion does with a loaded page.
+int main(int argc, char **argv)
+{
+    MApplication application(argc, argv);
+    PageServer server(listPage(rowsOfLongPage));
+    QNetworkProxy::setApplicationProxy(
+        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), server.port()));
+
+    Drag bare;
+    {
+        BareWindow window;
+        show(window);
+        load(window.webView, QStringLiteral("/vantu/friends/index"));
+        bare = drag(window);
+    }
+
+    MApplicationWindow window;
+    show(window);
+    TestPage page;
+    page.appear(&window, MSceneWindow::KeepWhenDone);
+    load(*page.webView, QStringLiteral("/vantu/friends/index"));
+    const Drag companion = drag(window);
+
+    report("drag step on a 200-row page, until drawn", "ms", companion.untilDrawn, bare.untilDrawn,
+           {Budget::Absolute, 8});
+    report("drag step on a 200-row page, all its work", "ms", companion.work, bare.work, {Budget::Absolute, 8});
+
+    report("load end of a 200-row page", "ms", timeLoadEnds(page), {}, {});
+    server.setPage(listPage(rowsOfPage));
+    report("load end: scripts, chrome, error search", "ms", timeLoadEnds(page), {}, {Budget::Absolute, 2});
+
+    for (ToggleButton *tab : {page.btnHome, page.btnInbox, page.btnFriend, page.btnGame})
+        tab->m_badgeNumber = 12;
+    report("painting a header button", "us",
+           timeSlowest({page.btnBack, page.btnInfo, page.btnQuit, page.btnNewMessage, page.btnRecommend,
+                        page.btnInteract, page.btnAdd, page.btnCancel, page.btnSend, page.btnEdit}),
+           {}, {Budget::Absolute, 50});
+    report("painting a tab", "us", timeSlowest({page.btnHome, page.btnInbox, page.btnFriend, page.btnGame}), {},
+           {Budget::Absolute, 50});
+    return 0;
+}

@@ -1,0 +1,120 @@
+#include "pages.h"
+#include "pageserver.h"
+#include "report.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QProcess>
+#include <QTimer>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int rowsOfPage = 20;
+constexpr int patience = 30000; // milliseconds
+constexpr int settlingTime = 1000; // milliseconds; what a load leaves to timers is over then
+
+/// One run of a program, from its start (milliseconds).
+struct Run {
+    double firstRequest = 0;
+    double loaded = 0;
+    double memory = 0; ///< proportional set size in MiB
+};
+
+struct Runs {
+    Samples firstRequest;
+    Samples loaded;
+    Samples memory;
+
+    void append(const Run &run)
+    {
+        firstRequest.append(run.firstRequest);
+        loaded.append(run.loaded);
+        memory.append(run.memory);
+    }
+};
+
+double proportionalSetSize(qint64 pid)
+{
+    QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(pid));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("Cannot read %s", qPrintable(file.fileName()));
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (line.startsWith("Pss:"))
+            return line.simplified().split(' ').value(1).toDouble() / 1024;
+    }
+    qFatal("No Pss in %s", qPrintable(file.fileName()));
+    return 0;
+}
+
+Run measure(PageServer &server, const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.setProgram(QCoreApplication::applicationDirPath() + QLatin1Char('/') + program);
+    process.setArguments(arguments);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+
+    Run run;
+    QEventLoop loop;
+    QElapsedTimer clock;
+    const auto note = [&](const QString &path) {
+        const double now = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+        if (run.firstRequest == 0)
+            run.firstRequest = now;
+        if (path == QLatin1String("/loaded") && run.loaded == 0) {
+            run.loaded = now;
+            QTimer::singleShot(settlingTime, &loop, &QEventLoop::quit);
+        }
+    };
+    const auto connection = QObject::connect(&server, &PageServer::requested, &loop, note);
+    QObject::connect(&process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &loop, &QEventLoop::quit);
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    clock.start();
+    process.start();
+    loop.exec();
+    QObject::disconnect(connection);
+    if (run.loaded == 0 || process.state() != QProcess::Running)
+        qFatal("%s loads no page: %s", qPrintable(program), process.readAll().constData());
+    run.memory = proportionalSetSize(process.processId());
+    process.terminate();
+    process.waitForFinished(patience);
+    return run;
+}
+
+} // namespace
+
+// bench_startup [PAIRS]: starts the companion and the bare web view in turn.
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const int pairs = argc == 2 ? std::atoi(argv[1]) : 15;
+    PageServer server(listPage(rowsOfPage));
+    qputenv("BENCH_PROXY_PORT", QByteArray::number(server.port()));
+
+    const auto companion = [&] {
+        return measure(server, QStringLiteral("bench_companion"), {QStringLiteral("7"), QStringLiteral("0")});
+    };
+    const auto bare = [&] {
+        return measure(server, QStringLiteral("bench_bare"), {QStringLiteral("http://vantu.test/vantu/?lg=EN")});
+    };
+    // Once for the disk.
+    companion();
+    bare();
+    Runs companions;
+    Runs bares;
+    for (int pair = 0; pair < pairs; ++pair) {
+        // Neither always profits from what the other has left behind.
+        if (pair % 2 == 0)
+            companions.append(companion());
+        bares.append(bare());
+        if (pair % 2 != 0)
+            companions.append(companion());
+    }
+    report("start to the first request", "ms", companions.firstRequest, bares.firstRequest, {Budget::Ratio, 1.15});
+    report("start to the page's onload", "ms", companions.loaded, bares.loaded, {Budget::Ratio, 1.15});
+    report("memory (PSS) after the load", "MiB", companions.memory, bares.memory, {Budget::Ratio, 1.25});
+    return 0;
+}
