@@ -219,6 +219,10 @@ void tst_AddressWidget::manyRecipientsCanAllBeReached()
     tap(recipients().last());
     QCOMPARE(m_panel->getRecipientsCount(), 499);
     QCOMPARE(m_panel->getAllAddress().last(), QStringLiteral("498"));
+
+    m_panel->show(AddressWidget::MESSAGE);
+    layOut();
+    QCOMPARE(m_panel->position(), 0.0);
 }
 
 void tst_AddressWidget::tapRemovesTheRecipient()

@@ -45,7 +45,6 @@ private slots:
     void dragStartsAtThirtyPixels_data();
     void dragStartsAtThirtyPixels();
     void thresholdCountsFromThePress();
-    void startedDragFollowsEveryPixel();
     void dragIsNoTapAndSelectsNothing();
     void quickTapsAreTwoTaps();
     void tapAfterAnInterruptedDrag();
@@ -207,15 +206,6 @@ void tst_WebView::thresholdCountsFromThePress()
     QCOMPARE(moved(), QPoint());
     move(200, 230);
     QCOMPARE(moved(), QPoint(0, 30));
-}
-
-void tst_WebView::startedDragFollowsEveryPixel()
-{
-    m_view->setEditable(false);
-    press(200, 200);
-    move(200, 240);
-    move(203, 238);
-    QCOMPARE(moved(), QPoint(3, 38));
 }
 
 void tst_WebView::dragIsNoTapAndSelectsNothing()
