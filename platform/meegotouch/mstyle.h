@@ -100,7 +100,7 @@ inline constexpr qreal positionBarMargin = 2;
 inline constexpr qreal positionBarSmallestLength = 24;
 inline constexpr int positionBarHoldDuration = 700;
 inline constexpr int positionBarFadeDuration = 300;
-inline constexpr QColor positionBar{64, 74, 82, 176};
-inline constexpr QColor positionBarRim{255, 255, 255, 96};
+inline constexpr QColor positionBar{137, 152, 163, 225};
+inline constexpr QColor positionBarRim{0, 0, 0, 70};
 
 } // namespace MStyle
