@@ -255,6 +255,10 @@ void editAccount(Tour &tour)
     openHome(tour);
     tour.loads(ACCOUNT, [&] { tour.tapElement(linkTo(ACCOUNT)); });
     tour.show(QStringLiteral("account"), QStringLiteral("The player's account"), {Command::Back, Command::Edit});
+    const QString invitations = QStringLiteral("/vantu/friends/show-invite-email");
+    tour.loads(invitations, [&] { tour.tapElement(linkTo(invitations)); });
+    tour.show(QStringLiteral("invited"), QStringLiteral("Who has been invited"), {Command::Back});
+    tour.loads(ACCOUNT, [&] { tour.tap(Command::Back); });
     tour.loads(ACCOUNT + QLatin1String("/edit"), [&] { tour.tap(Command::Edit); });
     tour.tapElement(QStringLiteral("#motto"));
     tour.press(Qt::Key_A, Qt::ControlModifier);

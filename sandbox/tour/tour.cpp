@@ -35,7 +35,7 @@ namespace {
 
 // Milliseconds.
 constexpr int PATIENCE = 15000;
-constexpr int GLANCE = 10;
+constexpr int GLANCE = 4;
 constexpr int PICTURE_INTERVAL = 60;
 constexpr int STILL_PICTURES = 3;
 
@@ -117,7 +117,7 @@ void Tour::show(const QString &name, const QString &sentence, const std::vector<
                     .arg(numbers.friends)
                     .arg(numbers.games);
     }
-    const QString file = savePicture(name, imageAtRest());
+    const QString file = m_pictures.isEmpty() ? name : savePicture(name, imageAtRest());
     std::printf("%-24s%s\n", qPrintable(file), qPrintable(line));
     std::fflush(stdout);
 }
@@ -305,14 +305,22 @@ QString Tour::message() const
 
 QStringList Tour::recipients() const
 {
-    QStringList result;
+    QList<const MButton *> buttons;
     const AddressWidget &panel = part(&PageMembers::addrWidget);
-    const auto items = m_window.scene()->items(Qt::AscendingOrder);
-    for (QGraphicsItem *item : items) {
-        const auto *button = dynamic_cast<MButton *>(item);
+    const auto items = m_window.scene()->items();
+    for (const QGraphicsItem *item : items) {
+        const auto *button = dynamic_cast<const MButton *>(item);
         if (button && button->isVisible() && panel.isAncestorOf(item) && !button->text().isEmpty())
-            result << button->text();
+            buttons << button;
     }
+    std::sort(buttons.begin(), buttons.end(), [](const MButton *one, const MButton *other) {
+        const QPointF a = one->scenePos();
+        const QPointF b = other->scenePos();
+        return a.y() < b.y() || (qFuzzyCompare(a.y(), b.y()) && a.x() < b.x());
+    });
+    QStringList result;
+    for (const MButton *button : qAsConst(buttons))
+        result << button->text();
     return result;
 }
 
@@ -342,7 +350,9 @@ void Tour::waitUntil(const std::function<bool()> &condition, const QString &what
 
 void Tour::reportFailure(const QString &reason)
 {
-    const QString file = savePicture(QStringLiteral("failed"), m_window.grab().toImage());
+    QString file;
+    if (!m_pictures.isEmpty())
+        file = savePicture(QStringLiteral("failed"), m_window.grab().toImage());
     std::fprintf(stderr, "vantu-tour: after the step \"%s\", on %s: %s%s%s\n", qPrintable(m_step), qPrintable(path()),
                  qPrintable(reason), file.isEmpty() ? "" : "; see ", qPrintable(file));
 }
@@ -462,13 +472,16 @@ QPoint Tour::windowPosition(const QPointF &scenePosition) const
     return m_window.viewport()->mapTo(&m_window, m_window.mapFromScene(scenePosition));
 }
 
-/// Clicks in the middle of @p item, provided that a player could: nothing covers it there.
+/// Clicks in the middle of @p item as soon as a player can: a popup that fades out still covers it.
 void Tour::click(const QGraphicsItem *item)
 {
     const QPointF middle = item->sceneBoundingRect().center();
-    const QGraphicsItem *found = m_window.scene()->itemAt(middle, m_window.transform());
-    expect(item->isVisible() && item->isEnabled() && (found == item || item->isAncestorOf(found)),
-           QStringLiteral("what is to be tapped is hidden"));
+    waitUntil(
+        [&] {
+            const QGraphicsItem *found = m_window.scene()->itemAt(middle, m_window.transform());
+            return item->isVisible() && item->isEnabled() && (found == item || item->isAncestorOf(found));
+        },
+        QStringLiteral("what is to be tapped to be seen"));
     clickAt(middle);
 }
 
@@ -522,8 +535,6 @@ void Tour::act(const std::function<void()> &action)
 
 QString Tour::savePicture(const QString &name, const QImage &image)
 {
-    if (m_pictures.isEmpty())
-        return name;
     const QString file = QStringLiteral("%1-%2.png").arg(++m_number, 2, 10, QLatin1Char('0')).arg(name);
     expect(image.save(QDir(m_pictures).filePath(file)), QStringLiteral("cannot save ") + file);
     return file;

@@ -53,8 +53,8 @@ public:
     /// @p pictures is a folder that exists, or empty for no pictures. They are numbered on from those already in it.
     Tour(MApplicationWindow &window, VantuPage &page, const QString &pictures);
 
-    /// Waits until the screen has come to rest, expects exactly @p commands in the header and, unless a composer is
-    /// open, the page's own title, saves the picture "NN-name.png" and prints it with @p sentence.
+    /// Waits for the end of the load, expects exactly @p commands in the header and, unless a composer is open, the
+    /// page's own title, saves the picture "NN-name.png" of the screen at rest, and prints a line with @p sentence.
     void show(const QString &name, const QString &sentence, const std::vector<Command> &commands);
 
     /// Does @p action and waits until the page at @p path (below the service's root, query included) has loaded.
@@ -102,7 +102,7 @@ public:
     /// Text of the first element that @p selector finds, without surrounding blanks.
     QString elementText(const QString &selector) const;
     QString message() const;
-    /// The recipients' captions, in their order.
+    /// The recipients' captions, in the order in which they are read.
     QStringList recipients() const;
 
     void expect(bool condition, const QString &what) const;

@@ -14,6 +14,7 @@ public:
 
     int port() const { return m_port; }
     QString root() const;
+    qint64 processId() const { return m_process.processId(); }
     /// Sends @p signal and waits for the end; the exit status, -1 when it crashed or did not end.
     int stop(int signal);
     int exitStatus();
