@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <ctime>
 
 namespace {
 
@@ -17,16 +18,32 @@ constexpr int rowsOfPage = 20;
 constexpr int patience = 30000; // milliseconds
 constexpr int settlingTime = 1000; // milliseconds; what a load leaves to timers is over then
 
-/// One run of a program, from its start (milliseconds).
+/// What has passed since a program was started (milliseconds).
+struct Moment {
+    double time = 0;
+    double work = 0; ///< processor time of all its threads
+};
+
 struct Run {
-    double firstRequest = 0;
-    double loaded = 0;
+    Moment firstRequest;
+    Moment loaded;
     double memory = 0; ///< proportional set size in MiB
 };
 
+struct Moments {
+    Samples time;
+    Samples work;
+
+    void append(const Moment &moment)
+    {
+        time.append(moment.time);
+        work.append(moment.work);
+    }
+};
+
 struct Runs {
-    Samples firstRequest;
-    Samples loaded;
+    Moments firstRequest;
+    Moments loaded;
     Samples memory;
 
     void append(const Run &run)
@@ -36,6 +53,15 @@ struct Runs {
         memory.append(run.memory);
     }
 };
+
+double processorTime(qint64 pid)
+{
+    clockid_t clock = 0;
+    timespec time = {};
+    if (clock_getcpuclockid(static_cast<pid_t>(pid), &clock) != 0 || clock_gettime(clock, &time) != 0)
+        qFatal("No processor time of process %lld", static_cast<long long>(pid));
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
 
 double proportionalSetSize(qint64 pid)
 {
@@ -61,10 +87,10 @@ Run measure(PageServer &server, const QString &program, const QStringList &argum
     QEventLoop loop;
     QElapsedTimer clock;
     const auto note = [&](const QString &path) {
-        const double now = static_cast<double>(clock.nsecsElapsed()) / 1e6;
-        if (run.firstRequest == 0)
+        const Moment now = {static_cast<double>(clock.nsecsElapsed()) / 1e6, processorTime(process.processId())};
+        if (run.firstRequest.time == 0)
             run.firstRequest = now;
-        if (path == QLatin1String("/loaded") && run.loaded == 0) {
+        if (path == QLatin1String("/loaded") && run.loaded.time == 0) {
             run.loaded = now;
             QTimer::singleShot(settlingTime, &loop, &QEventLoop::quit);
         }
@@ -76,7 +102,7 @@ Run measure(PageServer &server, const QString &program, const QStringList &argum
     process.start();
     loop.exec();
     QObject::disconnect(connection);
-    if (run.loaded == 0 || process.state() != QProcess::Running)
+    if (run.loaded.time == 0 || process.state() != QProcess::Running)
         qFatal("%s loads no page: %s", qPrintable(program), process.readAll().constData());
     run.memory = proportionalSetSize(process.processId());
     process.terminate();
@@ -113,8 +139,12 @@ int main(int argc, char **argv)
         if (pair % 2 != 0)
             companions.append(companion());
     }
-    report("start to the first request", "ms", companions.firstRequest, bares.firstRequest, {Budget::Ratio, 1.15});
-    report("start to the page's onload", "ms", companions.loaded, bares.loaded, {Budget::Ratio, 1.15});
+    const auto reportMoment = [](const char *measure, const Moments &companion, const Moments &bare) {
+        report(measure, "ms", companion.time, bare.time, {Budget::Ratio, 1.15});
+        report("  of that, processor time", "ms", companion.work, bare.work, {});
+    };
+    reportMoment("start to the first request", companions.firstRequest, bares.firstRequest);
+    reportMoment("start to the page's onload", companions.loaded, bares.loaded);
     report("memory (PSS) after the load", "MiB", companions.memory, bares.memory, {Budget::Ratio, 1.25});
     return 0;
 }
