@@ -126,31 +126,49 @@ void MApplicationWindow::fitScene()
     setTransform(QTransform::fromScale(scale, scale));
 }
 
-// With the focus on an item, Qt's own way is the right one.
 void MApplicationWindow::forwardKey(QKeyEvent *event)
 {
     event->ignore();
+    recallFocus();
+    // With the focus on an item, Qt's own way is the right one.
     if (m_scene->focusItem() || m_onDisplay.isEmpty())
         return;
     event->accept();
     m_scene->sendEvent(m_onDisplay.last(), event);
 }
 
+// Something beneath the panels may have been given the focus meanwhile: it is to have it when they have left, but until
+// then the keys are for the topmost panel.
+void MApplicationWindow::recallFocus()
+{
+    MSceneWindow *top = topPanel();
+    QGraphicsItem *focus = m_scene->focusItem();
+    if (!top || !focus || focus->panel())
+        return;
+    m_focusBeneathPanels = focus->toGraphicsObject();
+    (top->focusItem() ? top->focusItem() : top)->setFocus();
+}
+
 bool MApplicationWindow::take(MSceneWindow *sceneWindow)
 {
     if (m_closing)
         return false;
-    if (sceneWindow->isPanel() && !topPanel()) {
+    auto firstPanel = std::find_if(m_onDisplay.begin(), m_onDisplay.end(),
+                                   [](const MSceneWindow *other) { return other->isPanel(); });
+    if (sceneWindow->isPanel() && firstPanel == m_onDisplay.end()) {
         // The page's own idea of it holds also while the window is not active.
         const QGraphicsItem *page = currentPage();
         QGraphicsItem *focus = page ? page->focusItem() : nullptr;
         m_focusBeneathPanels = focus ? focus->toGraphicsObject() : nullptr;
     }
+    m_onDisplay.insert(sceneWindow->isPanel() ? m_onDisplay.end() : firstPanel, sceneWindow);
+    for (int i = 0; i < m_onDisplay.size(); ++i)
+        m_onDisplay[i]->setZValue(i);
     if (sceneWindow->scene() != m_scene.get())
         m_scene->addItem(sceneWindow);
-    m_onDisplay.append(sceneWindow);
-    sceneWindow->setZValue(++m_topmost);
     sceneWindow->setGeometry(QRectF(QPointF(0, 0), sceneSize()));
+    sceneWindow->setVisible(true);
+    activateTopPanel();
     return true;
 }
 
@@ -158,15 +176,23 @@ void MApplicationWindow::release(MSceneWindow *sceneWindow)
 {
     if (!m_onDisplay.removeOne(sceneWindow) || m_closing || !sceneWindow->isPanel())
         return;
-    MSceneWindow *top = topPanel();
-    m_scene->setActivePanel(top);
-    if (!top && m_focusBeneathPanels)
+    const QGraphicsItem *focus = m_scene->focusItem();
+    const bool isFocusOnPage = focus && !focus->panel();
+    activateTopPanel();
+    if (!topPanel() && !isFocusOnPage && m_focusBeneathPanels)
         m_focusBeneathPanels->setFocus();
 }
 
 MSceneWindow *MApplicationWindow::topPanel() const
 {
-    const auto top = std::find_if(m_onDisplay.rbegin(), m_onDisplay.rend(),
-                                  [](const MSceneWindow *sceneWindow) { return sceneWindow->isPanel(); });
-    return top == m_onDisplay.rend() ? nullptr : *top;
+    return !m_onDisplay.isEmpty() && m_onDisplay.last()->isPanel() ? m_onDisplay.last() : nullptr;
+}
+
+// Two modal panels of which none is in the other would block each other: only the topmost one is.
+void MApplicationWindow::activateTopPanel()
+{
+    MSceneWindow *top = topPanel();
+    for (MSceneWindow *sceneWindow : qAsConst(m_onDisplay))
+        sceneWindow->setPanelModality(sceneWindow == top ? QGraphicsItem::SceneModal : QGraphicsItem::NonModal);
+    m_scene->setActivePanel(top);
 }

@@ -57,10 +57,12 @@ private:
     void setOrientation(M::Orientation orientation);
     void fitScene();
     void forwardKey(QKeyEvent *event);
+    void recallFocus();
 
     bool take(MSceneWindow *sceneWindow);
     void release(MSceneWindow *sceneWindow);
     MSceneWindow *topPanel() const;
+    void activateTopPanel();
 
     std::unique_ptr<QGraphicsScene> m_scene;
     QVector<MSceneWindow *> m_onDisplay;
@@ -68,5 +70,4 @@ private:
     M::Orientation m_orientation = M::Portrait;
     bool m_orientationLocked = false;
     bool m_closing = false;
-    qreal m_topmost = 0;
 };

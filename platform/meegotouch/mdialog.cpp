@@ -40,9 +40,9 @@ MDialog::MDialog(const QString &title, M::StandardButtons buttons)
     : m_title(title)
     , m_padding(MStyle::popupPadding)
 {
-    // As a panel it lets no event through to what lies beneath, and keeps a focus of its own.
+    // As a panel it lets no event through to what lies beneath, and has a focus of its own. The window makes the
+    // topmost one modal.
     setFlag(ItemIsPanel);
-    setPanelModality(SceneModal);
     setFlag(ItemIsFocusable);
     setFadeDuration(MStyle::fadeInDuration);
     setVisible(false);
@@ -207,14 +207,13 @@ void MDialog::done(int result)
 void MDialog::entering()
 {
     m_state = State::Open;
-    scene()->setActivePanel(this);
     QVector<QGraphicsWidget *> fields;
     if (m_centralWidget)
         collectTabStops(m_centralWidget, &fields);
     if (fields.isEmpty())
         setFocus();
     else
-        fields.first()->setFocus();
+        fields.first()->setFocus(Qt::TabFocusReason); // for any other, an embedded editor would not take it
 }
 
 void MDialog::leaving()

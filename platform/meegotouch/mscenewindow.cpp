@@ -40,7 +40,6 @@ void MSceneWindow::appear(MApplicationWindow *window, DeletionPolicy policy)
     }
     m_window = window;
     m_onDisplay = true;
-    setVisible(true);
     entering();
     if (m_fade.duration() > 0)
         setOpacity(faintest);

@@ -57,8 +57,11 @@ public:
     void drag(const QPointF &from, const QPointF &to, int steps = 4)
     {
         press(from);
-        for (int i = 1; i <= steps; ++i)
+        for (int i = 1; i <= steps; ++i) {
+            // A hand takes its time: to a scroller all moves of one millisecond are none.
+            QTest::qWait(2);
             move(from + (to - from) * i / steps);
+        }
         release();
     }
 

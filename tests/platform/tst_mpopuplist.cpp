@@ -1,0 +1,270 @@
+#include "finger.h"
+#include "mapplicationpage.h"
+#include "mapplicationwindow.h"
+#include "mpannableviewport.h"
+#include "mpopuplist.h"
+#include "mstyle.h"
+
+#include <QSignalSpy>
+#include <QStringListModel>
+#include <QTest>
+
+#include <memory>
+
+class PopupListTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<MApplicationWindow> m_window;
+    std::unique_ptr<MApplicationPage> m_page;
+    std::unique_ptr<QStringListModel> m_model;
+    std::unique_ptr<MPopupList> m_list;
+    QStringList m_picked;
+
+    // Where a row is, as long as the list is not scrolled.
+    QPointF centreOf(int row) const
+    {
+        const QRectF rows = m_list->centralWidget()->geometry();
+        return {rows.center().x(), rows.top() + (row + 0.5) * MStyle::rowHeight};
+    }
+
+    static QStringList numbers(int count)
+    {
+        QStringList rows;
+        for (int i = 0; i < count; ++i)
+            rows.append(QString::number(i));
+        return rows;
+    }
+
+private slots:
+    void init()
+    {
+        m_window = std::make_unique<MApplicationWindow>();
+        m_window->resize(240, 407);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_page = std::make_unique<MApplicationPage>();
+        m_page->appear(m_window.get());
+        m_model = std::make_unique<QStringListModel>(numbers(3));
+        m_list = std::make_unique<MPopupList>();
+        m_list->setTitle(QStringLiteral("Title"));
+        m_list->setItemModel(m_model.get());
+        m_picked.clear();
+        connect(m_list.get(), &MPopupList::clicked, this,
+                [this](const QModelIndex &index) { m_picked.append(index.data().toString()); });
+        m_list->appear(m_window.get());
+    }
+
+    void cleanup()
+    {
+        m_list.reset();
+        m_page.reset();
+        m_window.reset();
+    }
+
+    void rowsCanBeHitWithAThumb() { QVERIFY(MStyle::rowHeight >= 64); }
+
+    void tapPicksARow_data()
+    {
+        QTest::addColumn<Finger::Kind>("kind");
+        QTest::newRow("mouse") << Finger::Mouse;
+        QTest::newRow("finger") << Finger::Touch;
+    }
+
+    void tapPicksARow()
+    {
+        QFETCH(Finger::Kind, kind);
+        Finger(m_window.get(), kind).tap(centreOf(1));
+        QCOMPARE(m_picked, QStringList{QStringLiteral("1")});
+        QVERIFY(!m_list->isOnDisplay());
+        QCOMPARE(m_list->result(), int(MDialog::Accepted));
+    }
+
+    void pressThatMovesToAnotherRowPicksNone()
+    {
+        Finger(m_window.get()).drag(centreOf(1), centreOf(2));
+        QVERIFY(m_picked.isEmpty());
+        QVERIFY(m_list->isOnDisplay());
+    }
+
+    void pressedRowIsHighlighted()
+    {
+        QTRY_COMPARE(m_list->opacity(), 1.0);
+        const auto colour = [this] {
+            return m_window->grab().toImage().pixelColor(m_window->mapFromScene(centreOf(1) + QPointF(150, 20)));
+        };
+        const QColor released = colour();
+        Finger finger(m_window.get());
+        finger.press(centreOf(1));
+        QVERIFY(colour().blue() > released.blue() + 60);
+        finger.move(centreOf(2));
+        QCOMPARE(colour(), released);
+        finger.release();
+    }
+
+    void tapBesideItDismisses()
+    {
+        Finger(m_window.get()).tap({240, 20});
+        QVERIFY(!m_list->isOnDisplay());
+        QVERIFY(m_picked.isEmpty());
+        QCOMPARE(m_list->result(), int(MDialog::Rejected));
+    }
+
+    void tapOnTheTitleOrFromInsideOutDoesNothing()
+    {
+        Finger finger(m_window.get());
+        finger.tap({240, m_list->centralWidget()->y() - 30});
+        finger.drag({240, 20}, centreOf(1));
+        finger.drag({240, m_list->centralWidget()->y() - 30}, {240, 20});
+        QVERIFY(m_list->isOnDisplay());
+        QVERIFY(m_picked.isEmpty());
+    }
+
+    void keysPick_data()
+    {
+        QTest::addColumn<QVector<int>>("keys");
+        QTest::addColumn<QStringList>("picked");
+        const auto row = [](const char *name, const QVector<int> &keys, const QStringList &picked) {
+            QTest::newRow(name) << keys << picked;
+        };
+        row("none chosen", {Qt::Key_Return}, {});
+        row("first", {Qt::Key_Down, Qt::Key_Return}, {QStringLiteral("0")});
+        row("not beyond the last", {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return},
+            {QStringLiteral("2")});
+        row("up from nowhere", {Qt::Key_Up, Qt::Key_Return}, {QStringLiteral("2")});
+        row("not before the first", {Qt::Key_Home, Qt::Key_Up, Qt::Key_Return}, {QStringLiteral("0")});
+        row("end", {Qt::Key_End, Qt::Key_Enter}, {QStringLiteral("2")});
+        row("escape", {Qt::Key_Down, Qt::Key_Escape}, {});
+    }
+
+    void keysPick()
+    {
+        QFETCH(QVector<int>, keys);
+        for (int key : keys)
+            QTest::keyClick(m_window.get(), Qt::Key(key));
+        QTEST(m_picked, "picked");
+    }
+
+    void everyAppearanceStartsAfresh()
+    {
+        QTest::keyClick(m_window.get(), Qt::Key_End);
+        QVERIFY(m_list->currentIndex().isValid());
+        m_list->dismiss();
+        m_list->appear(m_window.get());
+        QVERIFY(!m_list->currentIndex().isValid());
+    }
+
+    void changesOfTheModelShow()
+    {
+        const qreal height = m_list->centralWidget()->size().height();
+        m_model->setStringList(numbers(5));
+        QCoreApplication::processEvents();
+        QCOMPARE(m_list->centralWidget()->size().height(), height + 2 * MStyle::rowHeight);
+        Finger(m_window.get()).tap(centreOf(4));
+        QCOMPARE(m_picked, QStringList{QStringLiteral("4")});
+    }
+
+    void modelMayGoAndChange()
+    {
+        m_model.reset();
+        Finger(m_window.get()).tap({240, 400});
+        QTest::keyClick(m_window.get(), Qt::Key_Down);
+        QTest::keyClick(m_window.get(), Qt::Key_Return);
+        QVERIFY(m_picked.isEmpty());
+        QCOMPARE(m_list->itemModel(), nullptr);
+        QStringListModel other(numbers(2));
+        m_list->setItemModel(&other);
+        m_list->setItemModel(nullptr);
+        QVERIFY(!m_list->currentIndex().isValid());
+    }
+
+    void currentRowThatIsRemovedIsNoLongerCurrent()
+    {
+        QTest::keyClick(m_window.get(), Qt::Key_End);
+        m_model->setStringList(numbers(1));
+        QCOMPARE(m_list->currentIndex().row(), 0);
+        m_model->setStringList({});
+        QVERIFY(!m_list->currentIndex().isValid());
+        QTest::keyClick(m_window.get(), Qt::Key_Down);
+        QTest::keyClick(m_window.get(), Qt::Key_Return);
+        QVERIFY(m_picked.isEmpty());
+    }
+
+    void longListScrolls_data()
+    {
+        QTest::addColumn<Finger::Kind>("kind");
+        QTest::newRow("mouse") << Finger::Mouse;
+        QTest::newRow("finger") << Finger::Touch;
+    }
+
+    void longListScrolls()
+    {
+        QFETCH(Finger::Kind, kind);
+        m_model->setStringList(numbers(50));
+        QCoreApplication::processEvents();
+        const QRectF rows = m_list->centralWidget()->geometry();
+        QVERIFY(QRectF(0, 0, 480, 814).contains(rows));
+        auto *viewport = static_cast<MPannableViewport *>(m_list->centralWidget());
+        Finger finger(m_window.get(), kind);
+        finger.drag({240, 600}, {240, 300}, 10);
+        QVERIFY2(m_list->isOnDisplay() && m_picked.isEmpty(), "a drag must not pick");
+        QTRY_VERIFY(viewport->position() > 100);
+        finger.wheel({240, 400}, -3);
+        QTest::keyClick(m_window.get(), Qt::Key_End);
+        QCOMPARE(viewport->position(), 50 * MStyle::rowHeight - rows.height());
+        Finger(m_window.get()).tap({240, rows.bottom() - 20});
+        QCOMPARE(m_picked, QStringList{QStringLiteral("49")});
+    }
+
+    void handlerMayShowTheNextList()
+    {
+        QStringListModel answers({QStringLiteral("yes"), QStringLiteral("no")});
+        MPopupList next;
+        next.setItemModel(&answers);
+        connect(m_list.get(), &MPopupList::clicked, &next, [this, &next] {
+            next.appear(m_window.get(), MSceneWindow::KeepWhenDone);
+            m_list->clearFocus();
+        });
+        QSignalSpy picked(&next, &MPopupList::clicked);
+        Finger(m_window.get()).tap(centreOf(0));
+        QVERIFY(next.isOnDisplay());
+        QTest::keyClick(m_window.get(), Qt::Key_Down);
+        QTest::keyClick(m_window.get(), Qt::Key_Return);
+        QCOMPARE(picked.count(), 1);
+    }
+
+    void handlerMayShowTheSameListAgain()
+    {
+        connect(m_list.get(), &MPopupList::clicked, m_list.get(), [this] { m_list->appear(m_window.get()); });
+        for (int i = 0; i < 3; ++i)
+            Finger(m_window.get()).tap(centreOf(i));
+        QVERIFY(m_list->isOnDisplay());
+        QCOMPARE(m_picked, numbers(3));
+    }
+
+    void handlerMayDestroyTheList()
+    {
+        connect(m_list.get(), &MPopupList::clicked, this, [this] { m_list.reset(); });
+        Finger(m_window.get()).tap(centreOf(0));
+        QVERIFY(!m_list);
+        Finger(m_window.get()).tap({240, 400});
+    }
+
+    void handlerMayEmptyTheModel()
+    {
+        connect(m_list.get(), &MDialog::finished, this, [this] { m_model->setStringList({}); });
+        Finger(m_window.get()).tap(centreOf(0));
+        QVERIFY2(m_picked.isEmpty(), "a row that is gone must not be told of");
+    }
+
+    void outlivesTheWindow()
+    {
+        m_window.reset();
+        QVERIFY(!m_list->isOnDisplay());
+        m_list->appear();
+        QVERIFY(!m_list->isOnDisplay());
+        m_page.reset();
+    }
+};
+
+QTEST_MAIN(PopupListTest)
+#include "tst_mpopuplist.moc"
