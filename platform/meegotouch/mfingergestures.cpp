@@ -13,6 +13,9 @@
 
 namespace {
 
+// The recognisers take what is for a graphics widget only. The viewport grabs the gestures, too, for its scene, but
+// what it sees comes again to the widget that it is for.
+
 enum class Phase { Down, Move, Up, Cancel };
 
 struct Finger {
@@ -53,6 +56,12 @@ std::optional<Finger> fingerOf(const QEvent *event)
     }
 }
 
+bool isTouch(const QEvent *event)
+{
+    return event->type() == QEvent::TouchBegin || event->type() == QEvent::TouchUpdate
+        || event->type() == QEvent::TouchEnd || event->type() == QEvent::TouchCancel;
+}
+
 bool isFar(const QPointF &offset)
 {
     return offset.manhattanLength() > MStyle::dragThreshold;
@@ -70,6 +79,7 @@ std::optional<QPointF> startOf(const QGesture *gesture)
     return start.isValid() ? std::optional(start.toPointF()) : std::nullopt;
 }
 
+// By the mouse; by touch is Qt's own.
 class TapRecognizer : public QGestureRecognizer {
 public:
     QGesture *create(QObject *) override { return new QTapGesture; }
@@ -77,8 +87,7 @@ public:
     Result recognize(QGesture *gesture, QObject *watched, QEvent *event) override
     {
         const auto finger = fingerOf(event);
-        // The viewport watches too, on behalf of the scene; what it sees comes again to the item that it is for.
-        if (!finger || watched->isWidgetType())
+        if (!finger || watched->isWidgetType() || isTouch(event))
             return Ignore;
         const auto start = startOf(gesture);
         switch (finger->phase) {
@@ -108,6 +117,7 @@ public:
     }
 };
 
+// By the mouse or one finger; by two is Qt's own.
 class PanRecognizer : public QGestureRecognizer {
 public:
     QGesture *create(QObject *) override { return new QPanGesture; }
@@ -166,8 +176,6 @@ void MFingerGestures::install()
     if (!qApp || qApp->property(mark).toBool())
         return;
     qApp->setProperty(mark, true);
-    QGestureRecognizer::unregisterRecognizer(Qt::TapGesture);
     QGestureRecognizer::registerRecognizer(new TapRecognizer);
-    QGestureRecognizer::unregisterRecognizer(Qt::PanGesture);
     QGestureRecognizer::registerRecognizer(new PanRecognizer);
 }

@@ -127,7 +127,7 @@ private slots:
 
         m_page->gestures.clear();
         finger.tap({200, 200});
-        QCOMPARE(m_page->gestures.count({Qt::TapGesture, Qt::GestureFinished}), 1);
+        QVERIFY(m_page->gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
         QVERIFY(!m_page->gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
     }
 
