@@ -107,6 +107,7 @@ void VantuPage::initComposer()
 
     lblSubject = new MLabel;
     lblSubject->setColor(Qt::black);
+    lblSubject->setAlignment(Qt::AlignLeft | Qt::AlignTop); // Its frame's lower line runs through its lower part.
     mainPolicy->addItemAtGeometry(lblSubject, QRectF(10, 245, width - 20, 40));
     lblSubject->hide();
 

@@ -27,5 +27,6 @@ var blnRememberMe = "{{blnRememberMe}}";
 {{>SYMBOLS}}
 {{#NOTICE}}<p class="notice">{{TEXT}}</p>{{/NOTICE}}
 {{>CONTENT}}
+<script>document.body.style.minHeight = window.innerHeight + "px";</script>
 </body>
 </html>
