@@ -46,6 +46,7 @@ MDialog::MDialog(const QString &title, M::StandardButtons buttons)
     setFlag(ItemIsFocusable);
     setFadeDuration(MStyle::fadeInDuration);
     setVisible(false);
+    connect(QGuiApplication::inputMethod(), &QInputMethod::visibleChanged, this, &MDialog::arrange);
     connect(QGuiApplication::inputMethod(), &QInputMethod::keyboardRectangleChanged, this, &MDialog::arrange);
 
     if (buttons & M::OkButton)
@@ -87,11 +88,13 @@ void MDialog::setGeometry(const QRectF &rect)
 // The part of the height that a software keyboard leaves.
 qreal MDialog::freeHeight() const
 {
-    const QRectF keyboard = QGuiApplication::inputMethod()->keyboardRectangle();
+    const QInputMethod *keyboard = QGuiApplication::inputMethod();
     const MApplicationWindow *window = applicationWindow();
-    if (keyboard.isEmpty() || !window)
+    if (!keyboard->isVisible() || keyboard->keyboardRectangle().isEmpty() || !window)
         return size().height();
-    return qBound(size().height() / 3, window->mapToScene(keyboard.topLeft().toPoint()).y(), size().height());
+    // On the screen, whatever the documentation says: the keyboard is a window of its own.
+    const QPoint top = window->viewport()->mapFromGlobal(keyboard->keyboardRectangle().topLeft().toPoint());
+    return qBound(size().height() / 3, window->mapToScene(top).y(), size().height());
 }
 
 void MDialog::arrange()

@@ -13,6 +13,7 @@ MMessageBox::MMessageBox(const QString &text, M::StandardButtons buttons)
     m_label->setWordWrap(true);
     m_label->setAlignment(Qt::AlignCenter);
     m_label->setColor(MStyle::popupText);
+    setPadding(MStyle::messagePadding);
     setCentralWidget(m_label);
 }
 

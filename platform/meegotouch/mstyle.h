@@ -29,6 +29,7 @@ inline constexpr qreal popupRadius = 14;
 inline constexpr qreal popupMargin = 24;
 inline constexpr qreal popupPadding = 20;
 inline constexpr qreal popupSpacing = 20;
+inline constexpr qreal messagePadding = 32;
 inline constexpr QColor popupText{242, 244, 246};
 inline constexpr int popupTextSize = 22;
 inline constexpr qreal titleBarHeight = 64;
@@ -41,8 +42,8 @@ inline constexpr qreal listPadding = 8;
 inline constexpr qreal rowHeight = 72;
 inline constexpr qreal rowRadius = 8;
 inline constexpr QColor rowLine{255, 255, 255, 30};
-inline constexpr QColor rowPressedTop{40, 122, 180};
-inline constexpr QColor rowPressedBottom{20, 84, 132};
+inline constexpr QColor rowPressedTop{38, 129, 184};
+inline constexpr QColor rowPressedBottom{10, 84, 131};
 
 // Gestures
 inline constexpr qreal dragThreshold = 10;

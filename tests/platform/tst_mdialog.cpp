@@ -6,6 +6,7 @@
 #include "mlabel.h"
 #include "mmessagebox.h"
 #include "mtextedit.h"
+#include "softwarekeyboard.h"
 
 #include <QGestureEvent>
 #include <QGraphicsScene>
@@ -83,6 +84,24 @@ public:
 
 private:
     MTextEdit *m_field;
+};
+
+/// Covers the lower half of a window.
+class HalfScreenKeyboard : public SoftwareKeyboard {
+public:
+    explicit HalfScreenKeyboard(const QWidget *window)
+        : m_window(window)
+    {
+    }
+
+    QRectF keyboardRect() const override
+    {
+        const QPoint top = m_window->mapToGlobal(QPoint(0, m_window->height() / 2));
+        return QRectF(top, QSizeF(m_window->width(), m_window->height() / 2));
+    }
+
+private:
+    const QWidget *m_window;
 };
 
 QPointF centreOf(const QGraphicsItem *item)
@@ -345,6 +364,19 @@ private slots:
         question.appear(m_window.get());
         QTest::keyClick(m_window.get(), Qt::Key_Return);
         QCOMPARE(question.result(), int(MDialog::Accepted));
+    }
+
+    void makesRoomForTheSoftwareKeyboard()
+    {
+        HalfScreenKeyboard keyboard(m_window.get());
+        Question question;
+        question.appear(m_window.get());
+        QVERIFY2(keyboard.isInputPanelVisible(), "a field that has the focus asks for it");
+        keyboard.emitKeyboardRectChanged();
+        QVERIFY(question.button("OK")->geometry().bottom() < 407);
+        keyboard.hideInputPanel();
+        keyboard.emitInputPanelVisibleChanged();
+        QVERIFY(question.button("OK")->geometry().bottom() > 407);
     }
 
     void messageBoxGrowsWithItsText()
