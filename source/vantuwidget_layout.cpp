@@ -176,6 +176,7 @@ void VantuPage::paint(QPainter *painter, const QStyleOptionGraphicsItem *option,
     }
     painter->fillRect(whole, Qt::white);
     if (state == SendEmailState) {
+        painter->setRenderHint(QPainter::Antialiasing, false); // Smoothed, a line on whole pixels is two grey ones.
         painter->setPen(Qt::black);
         painter->drawLine(0, 245, 480, 245);
         painter->drawLine(0, 275, 480, 275);
