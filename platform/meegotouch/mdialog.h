@@ -64,7 +64,6 @@ protected:
     void arrange();
 
     bool event(QEvent *event) override;
-    bool focusNextPrevChild(bool next) override;
     void entering() override;
     void leaving() override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;

@@ -6,6 +6,8 @@
 
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 // An item of no opacity at all would not be found under a finger.
 constexpr qreal faintest = 0.01;
@@ -94,4 +96,34 @@ void MSceneWindow::destroySoon()
         if (doomed && !doomed->isOnDisplay() && !doomed->isKept())
             delete doomed;
     });
+}
+
+QVector<QGraphicsWidget *> MSceneWindow::tabStops(const QGraphicsItem *parent)
+{
+    QVector<QGraphicsWidget *> stops;
+    const auto children = parent ? parent->childItems() : QList<QGraphicsItem *>();
+    for (QGraphicsItem *child : children) {
+        if (!child->isVisible() || !child->isEnabled())
+            continue;
+        auto *widget = child->isWidget() ? static_cast<QGraphicsWidget *>(child) : nullptr;
+        if (widget && widget->focusPolicy() & Qt::TabFocus)
+            stops.append(widget);
+        stops += tabStops(child);
+    }
+    return stops;
+}
+
+bool MSceneWindow::focusNextPrevChild(bool next)
+{
+    const QVector<QGraphicsWidget *> stops = tabStops(this);
+    const int count = stops.size();
+    if (count == 0)
+        return true;
+    const auto focused
+        = std::find_if(stops.begin(), stops.end(), [](const QGraphicsWidget *stop) { return stop->hasFocus(); });
+    int to = next ? 0 : count - 1;
+    if (focused != stops.end())
+        to = (int(focused - stops.begin()) + (next ? 1 : count - 1)) % count;
+    stops[to]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }

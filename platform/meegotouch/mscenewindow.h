@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QPropertyAnimation>
+#include <QVector>
 
 class MApplicationWindow;
 
@@ -56,6 +57,12 @@ signals:
     void disappeared();
 
 protected:
+    /// The visible, enabled widgets below \a parent that Tab stops at, in the order of adding; none below null.
+    static QVector<QGraphicsWidget *> tabStops(const QGraphicsItem *parent);
+
+    /// Tab goes round and round inside: what lies outside is covered.
+    bool focusNextPrevChild(bool next) override;
+
     /// Called when it is on display, before it is painted for the first time.
     virtual void entering() { }
     /// Called while it is still on display, when it is about to leave. May leave by itself.

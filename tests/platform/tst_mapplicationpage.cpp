@@ -171,6 +171,20 @@ private slots:
         QCOMPARE(m_page->events.count(QEvent::KeyRelease), 1);
     }
 
+    void tabMovesThroughThePage()
+    {
+        MButton first(QStringLiteral("1"), m_page->centralWidget());
+        MButton second(QStringLiteral("2"), m_page->centralWidget());
+        QVector<QGraphicsItem *> visited;
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(m_window, Qt::Key_Tab);
+            visited.append(m_window->scene()->focusItem());
+        }
+        QCOMPARE(visited, (QVector<QGraphicsItem *>{&first, &second, &first}));
+        QTest::keyClick(m_window, Qt::Key_Backtab);
+        QCOMPARE(m_window->scene()->focusItem(), &second);
+    }
+
     void tapOnBareGroundLeavesTheCursorInTheField()
     {
         MTextEdit field(MTextEditModel::SingleLine, QString(), m_page->centralWidget());
