@@ -3,11 +3,14 @@
 #include "mapplicationwindow.h"
 #include "mstyle.h"
 
+#include <QFontDatabase>
 #include <QSocketNotifier>
 #include <QStyleFactory>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include <errno.h>
 #include <fcntl.h>
@@ -92,10 +95,12 @@ MApplication::MApplication(int &argc, char **argv)
     setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     setPalette(style()->standardPalette());
     QFont textFont = font();
-    QStringList families;
-    for (const char *family : MStyle::fontFamilies)
-        families << QLatin1String(family);
-    textFont.setFamilies(families << textFont.family());
+    // Not as a list of families: every font inherits that, and it would outdo the families that web pages name.
+    const QFontDatabase fonts;
+    const auto family = std::find_if(std::begin(MStyle::fontFamilies), std::end(MStyle::fontFamilies),
+                                     [&fonts](const char *name) { return fonts.hasFamily(QLatin1String(name)); });
+    if (family != std::end(MStyle::fontFamilies))
+        textFont.setFamily(QLatin1String(*family));
     textFont.setPixelSize(MStyle::fontPixelSize);
     setFont(textFont);
 }

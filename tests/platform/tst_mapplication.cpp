@@ -46,6 +46,13 @@ private slots:
         QCOMPARE(run(), 0);
     }
 
+    void webPagesChooseTheirFonts()
+    {
+        QFont font;
+        font.setFamily(QStringLiteral("DejaVu Sans Mono"));
+        QCOMPARE(QFontInfo(font).family(), QStringLiteral("DejaVu Sans Mono"));
+    }
+
     void activeWindowIsTheLatestUntilTheUserChoosesOne()
     {
         QCOMPARE(MApplication::activeApplicationWindow(), nullptr);
