@@ -81,6 +81,13 @@ QSize MApplicationWindow::openingSize(const QSize &scene, const QSize &available
     return scene == scene.boundedTo(available) ? scene : scene.scaled(available, Qt::KeepAspectRatio);
 }
 
+void MApplicationWindow::showEvent(QShowEvent *event)
+{
+    QGraphicsView::showEvent(event);
+    // A display without a window manager gives the keyboard to nobody by itself.
+    activateWindow();
+}
+
 void MApplicationWindow::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);

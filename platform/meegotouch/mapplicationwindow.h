@@ -44,6 +44,7 @@ public:
     static QSize openingSize(const QSize &scene, const QSize &available);
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
