@@ -8,8 +8,8 @@ build_packages=(
     libcpp-httplib-dev libctemplate-dev libsqlite3-dev libssl-dev
     dbus-daemon dbus-bin fonts-liberation2 fonts-dejavu-core
 )
-# What a run on a machine without a display needs on top: a display of its own and a camera.
-display_packages=(xvfb imagemagick)
+# What a run on a machine without a display needs on top.
+display_packages=(xvfb)
 format_packages=(clang-format)
 
 package_installed() {
