@@ -141,12 +141,6 @@ private slots:
         QVERIFY(m_page->gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
     }
 
-    void bareGroundIsPartOfThePage()
-    {
-        Finger(m_window).drag({400, 700}, {300, 700});
-        QVERIFY(m_page->gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
-    }
-
     void returnReachesThePageWhoeverHasTheFocus_data()
     {
         QTest::addColumn<QString>("focus");

@@ -57,18 +57,6 @@ private slots:
         QCOMPARE(parent.preferredSize(), QSizeF(7, 30));
     }
 
-    void geometryIsAppliedAtOnce()
-    {
-        MLayout layout;
-        Column *policy = new Column(&layout);
-        QGraphicsWidget item;
-        policy->addItem(&item);
-        policy->setItemGeometry(0, QRectF(1, 2, 30, 40));
-        QCOMPARE(item.geometry(), QRectF(1, 2, 30, 40));
-        policy->setItemGeometry(5, QRectF(0, 0, 1, 1));
-        policy->removeItem(&item);
-    }
-
     void unusableItemsAreLeftAlone()
     {
         MLayout layout;
@@ -87,18 +75,6 @@ private slots:
         QCOMPARE(policy->itemGeometry(1), QRectF());
         policy->removeAt(0);
         QCOMPARE(layout.count(), 0);
-    }
-
-    void insertsInFront()
-    {
-        MLayout layout;
-        Column *policy = new Column(&layout);
-        QGraphicsWidget first;
-        QGraphicsWidget second;
-        policy->addItem(&second);
-        policy->insertItem(0, &first);
-        QCOMPARE(policy->indexOf(&first), 0);
-        QCOMPARE(policy->indexOf(&second), 1);
     }
 
     void destroyedItemIsForgotten()

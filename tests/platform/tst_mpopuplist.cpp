@@ -61,8 +61,6 @@ private slots:
         m_window.reset();
     }
 
-    void rowsCanBeHitWithAThumb() { QVERIFY(MStyle::rowHeight >= 64); }
-
     void tapPicksARow_data()
     {
         QTest::addColumn<Finger::Kind>("kind");
@@ -142,15 +140,6 @@ private slots:
         for (int key : keys)
             QTest::keyClick(m_window.get(), Qt::Key(key));
         QTEST(m_picked, "picked");
-    }
-
-    void everyAppearanceStartsAfresh()
-    {
-        QTest::keyClick(m_window.get(), Qt::Key_End);
-        QVERIFY(m_list->currentIndex().isValid());
-        m_list->dismiss();
-        m_list->appear(m_window.get());
-        QVERIFY(!m_list->currentIndex().isValid());
     }
 
     void changesOfTheModelShow()
