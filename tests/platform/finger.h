@@ -88,3 +88,11 @@ private:
 };
 
 Q_DECLARE_METATYPE(Finger::Kind)
+
+/// The rows of a test that has to hold for both.
+inline void addFingerKinds()
+{
+    QTest::addColumn<Finger::Kind>("kind");
+    QTest::newRow("mouse") << Finger::Mouse;
+    QTest::newRow("touch") << Finger::Touch;
+}

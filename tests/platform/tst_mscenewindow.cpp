@@ -1,8 +1,6 @@
 #include "mapplicationwindow.h"
-#include "mdialog.h"
 #include "mscenewindow.h"
 
-#include <QGraphicsScene>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -66,20 +64,6 @@ private slots:
         delete shown;
     }
 
-    void appearsAgain()
-    {
-        MApplicationWindow window;
-        Swallower kept;
-        for (int i = 0; i < 2; ++i) {
-            kept.appear(&window);
-            kept.appear(&window);
-            QVERIFY(kept.isVisible());
-            QCOMPARE(kept.scene(), window.scene());
-            kept.dismiss();
-            QVERIFY(!kept.isVisible());
-        }
-    }
-
     void appearingAgainSavesItFromDestruction()
     {
         MApplicationWindow window;
@@ -94,7 +78,7 @@ private slots:
         QVERIFY(!shown);
     }
 
-    void withoutAWindowNothingAppears()
+    void appearsInTheWindowThatThereIsOrNotAtAll()
     {
         Swallower kept;
         kept.appear();
@@ -103,12 +87,7 @@ private slots:
         const QPointer<MSceneWindow> forgotten = new Swallower;
         forgotten->appear(nullptr, MSceneWindow::DestroyWhenDismissed);
         QTRY_VERIFY(!forgotten);
-    }
-
-    void appearsInTheWindowThatThereIs()
-    {
         MApplicationWindow window;
-        Swallower kept;
         kept.appear();
         QCOMPARE(kept.applicationWindow(), &window);
     }
@@ -131,19 +110,6 @@ private slots:
         delete hidden;
     }
 
-    void movesToAnotherWindow()
-    {
-        auto first = std::make_unique<MApplicationWindow>();
-        MApplicationWindow second;
-        Swallower kept;
-        kept.appear(first.get());
-        kept.dismiss();
-        kept.appear(&second);
-        first.reset();
-        QVERIFY(kept.isOnDisplay());
-        QCOMPARE(kept.scene(), second.scene());
-    }
-
     void mayBeDestroyedFromItsOwnSignals_data()
     {
         QTest::addColumn<bool>("whenAppeared");
@@ -163,24 +129,6 @@ private slots:
             shown->dismiss();
         QVERIFY(!shown);
         QCoreApplication::processEvents();
-    }
-
-    void fadesAndLeavesNothingBehind()
-    {
-        MApplicationWindow window;
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        MDialog dialog;
-        QSignalSpy appeared(&dialog, &MSceneWindow::appeared);
-        dialog.appear(&window);
-        QVERIFY(dialog.opacity() < 0.5);
-        QVERIFY(appeared.wait());
-        QCOMPARE(dialog.opacity(), 1.0);
-        dialog.dismiss();
-        QVERIFY(!dialog.isVisible());
-        // Its picture, which fades for it.
-        QTRY_COMPARE(window.scene()->items().size(), 1);
-        QCOMPARE(window.scene()->items().first(), &dialog);
     }
 };
 
