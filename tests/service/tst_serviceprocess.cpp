@@ -3,9 +3,7 @@
 
 #include <memory>
 #include <QElapsedTimer>
-#include <QNetworkProxy>
 #include <QNetworkReply>
-#include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -18,11 +16,6 @@ namespace {
 QStringList words(const char *text)
 {
     return QString::fromUtf8(text).split(QLatin1Char(' '));
-}
-
-QStringList onPort(int port)
-{
-    return {L1("--port"), QString::number(port)};
 }
 
 } // namespace
@@ -38,14 +31,9 @@ private slots:
         QTest::addColumn<QString>("complaint");
 
         QTest::newRow("an address that others reach") << words("--host 0.0.0.0") << "--public";
-        QTest::newRow("every address of IPv6") << words("--host ::") << "--public";
-        QTest::newRow("a name") << words("--host example.org") << "--public";
-        QTest::newRow("a port that is no number") << words("--port 80x") << "port";
         QTest::newRow("a port beyond all ports") << words("--port 65536") << "port";
         QTest::newRow("an unknown option") << words("--frobnicate") << "usage";
-        QTest::newRow("a stray word") << words("fast") << "fast";
         QTest::newRow("a database in no folder") << words("--database /nowhere/vantu.db") << "unable to open";
-        QTest::newRow("somebody else's address") << words("--host 192.0.2.1 --public --port 8790") << "192.0.2.1";
     }
     void refusesBadOptions()
     {
@@ -57,30 +45,12 @@ private slots:
         QVERIFY2(errors.contains(complaint), qPrintable(errors));
     }
 
-    void listensOnLoopback_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("by default") << QStringList();
-        QTest::newRow("by name") << words("--host localhost");
-        QTest::newRow("on everything when told") << words("--host 0.0.0.0 --public");
-    }
-    void listensOnLoopback()
-    {
-        QFETCH(QStringList, arguments);
-        RunningService service(arguments);
-        QVERIFY(service.port() > 0);
-        int status = 0;
-        QVERIFY(service.get(L1("/vantu/"), &status).contains("<form"));
-        QCOMPARE(status, 200);
-    }
-
     void portInUse()
     {
         RunningService first;
-        RunningService second(onPort(first.port()));
+        RunningService second({L1("--port"), QString::number(first.port())});
         QCOMPARE(second.exitStatus(), 1);
         QVERIFY(second.errors().contains(L1("in use")));
-        QVERIFY(!first.get(L1("/vantu/")).isEmpty());
     }
 
     void endsCleanly_data()
@@ -94,8 +64,7 @@ private slots:
     {
         QFETCH(int, signal);
         RunningService service;
-        const int port = service.port();
-        QVERIFY(port > 0);
+        QVERIFY(service.port() > 0);
         // A visitor who is being kept waiting does not hold it up.
         QNetworkAccessManager network;
         QScopedPointer<QNetworkReply> waiting(
@@ -106,9 +75,6 @@ private slots:
         QCOMPARE(service.stop(signal), 0);
         QVERIFY(time.elapsed() < 5000);
         QCOMPARE(service.errors(), QString());
-
-        RunningService again(onPort(port));
-        QCOMPARE(again.port(), port);
     }
 
     void keepsWhatIsInItsFile()
@@ -154,26 +120,11 @@ private slots:
                                         "message=\"a\\nb\\\"\\x1bé\"")));
     }
 
-    void servesAsProxyOfItsOwnAddress()
-    {
-        RunningService service;
-        QNetworkAccessManager network;
-        network.setProxy(
-            QNetworkProxy(QNetworkProxy::HttpProxy, L1("127.0.0.1"), static_cast<quint16>(service.port())));
-        QScopedPointer<QNetworkReply> reply(
-            network.get(QNetworkRequest(QUrl(L1("http://127.0.0.1:1/vantu/info/?lg=DE")))));
-        QSignalSpy finished(reply.data(), &QNetworkReply::finished);
-        QVERIFY(finished.wait(10000));
-        QVERIFY(reply->readAll().contains("lang=\"de\""));
-    }
-
     void survivesWhatIsNotHttp_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("nothing") << QByteArray();
         QTest::newRow("noise") << QByteArray("\x16\x03\x01\r\n\r\n\xff\xfe", 9);
         QTest::newRow("half a request") << QByteArray("POST /vantu/login HTTP/1.1\r\nContent-Length: 50\r\n\r\nuser");
-        QTest::newRow("no length") << QByteArray("POST /vantu/login HTTP/1.1\r\n\r\n");
         QTest::newRow("a multipart body without a boundary") << QByteArray(
             "POST /vantu/login HTTP/1.1\r\nContent-Type: multipart/form-data\r\nContent-Length: 2\r\n\r\nab");
         QTest::newRow("a path of control characters") << QByteArray("GET /vantu/%00%0a%ff%zz% HTTP/1.1\r\n\r\n");

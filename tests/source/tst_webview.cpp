@@ -10,7 +10,6 @@
 #include <QtTest>
 #include <QWebElement>
 #include <QWebFrame>
-#include <QWebHistory>
 #include <QWheelEvent>
 
 namespace {
@@ -36,45 +35,303 @@ class tst_WebView : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_window.reset(new QGraphicsView);
+        m_window->setFrameShape(QFrame::NoFrame);
+        m_window->resize(480, 664);
+        m_window->viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
+        auto *scene = new QGraphicsScene(0, 0, 480, 664, m_window.data());
+        m_window->setScene(scene);
+        m_view = new MyQWebView;
+        m_view->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, true);
+        m_view->settings()->setAttribute(QWebSettings::FrameFlatteningEnabled, true);
+        scene->addItem(m_view);
+        m_view->setGeometry(QRectF(0, 0, 480, 664));
+        m_timer = m_view->findChild<QTimer *>();
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
+        QSignalSpy loaded(m_view, &QGraphicsWebView::loadFinished);
+        m_view->setHtml(QString::fromLatin1(PAGE));
+        QTRY_COMPARE(loaded.count(), 1);
+        frame()->setScrollPosition(START);
+        QCOMPARE(moved(), QPoint());
+    }
 
-    void tapReachesThePage_data();
-    void tapReachesThePage();
-    void dragStartsAtThirtyPixels_data();
-    void dragStartsAtThirtyPixels();
-    void thresholdCountsFromThePress();
-    void dragIsNoTapAndSelectsNothing();
-    void quickTapsAreTwoTaps();
-    void tapAfterAnInterruptedDrag();
+    void cleanup() { m_window.reset(); }
 
-    void flingSlowsDown();
-    void flingEndsAfterTwentyTicks();
-    void pressDoesNotStopTheFling();
-    void flingTakenOverRunsTheRemainingTicks();
+    void tapReachesThePage_data()
+    {
+        QTest::addColumn<bool>("editable");
+        QTest::addColumn<QString>("seen");
+        QTest::newRow("editable") << true << QStringLiteral("mousedown mouseup click");
+        QTest::newRow("not editable") << false << QString();
+    }
+    void tapReachesThePage()
+    {
+        QFETCH(bool, editable);
+        m_view->setEditable(editable);
+        press(100, 100);
+        move(129, 71);
+        release(129, 71);
+        QTEST(seenByThePage(), "seen");
+        QCOMPARE(moved(), QPoint());
+        QVERIFY(!m_timer->isActive());
+    }
 
-    void contextMenuNeverOpens();
-    void wheelScrolls();
-    void wheelScrollsWhatIsInsideThePageFirst();
-    void keysScroll_data();
-    void keysScroll();
-    void keysServeTheFocusedFieldFirst();
-    void backGoesOneStepBack();
+    void dragStartsAtThirtyPixels_data()
+    {
+        QTest::addColumn<QPoint>("step");
+        QTest::addColumn<bool>("moves");
+        QTest::newRow("29 on both axes") << QPoint(29, 29) << false;
+        QTest::newRow("29 back on both axes") << QPoint(-29, -29) << false;
+        QTest::newRow("30 right") << QPoint(30, 0) << true;
+        QTest::newRow("30 left") << QPoint(-30, 0) << true;
+        QTest::newRow("30 up and a bit") << QPoint(5, -30) << true;
+    }
+    void dragStartsAtThirtyPixels()
+    {
+        QFETCH(QPoint, step);
+        QFETCH(bool, moves);
+        press(200, 200);
+        mouse(QEvent::MouseMove, QPoint(200, 200) + step);
+        QCOMPARE(moved(), moves ? step : QPoint());
+    }
 
-    void fingerDoesWhatTheMouseDoes();
-    void fingerTapsAlways();
-    void secondFingerIsIgnored();
-    void scriptMayKeepTheTouch();
-    void touchTakenAwayEndsTheDrag();
+    void dragIsNoTapAndSelectsNothing()
+    {
+        // Across the words, and then the mouse goes on without a button: the page never saw the release.
+        press(60, 260);
+        move(100, 262);
+        move(220, 264);
+        release(220, 264);
+        m_timer->stop();
+        QTest::mouseMove(m_window->viewport(), QPoint(300, 250));
+        QTest::mouseMove(m_window->viewport(), QPoint(100, 245));
+        QCOMPARE(seenByThePage(), QStringLiteral("mousedown"));
+        QCOMPARE(m_view->page()->selectedText(), QString());
+    }
+
+    void quickTapsAreTwoTaps()
+    {
+        press(60, 240);
+        release(60, 240);
+        mouse(QEvent::MouseButtonDblClick, {60, 241});
+        release(60, 241);
+        QCOMPARE(seenByThePage(), QStringLiteral("mousedown mouseup click mousedown mouseup click"));
+        QCOMPARE(m_view->page()->selectedText(), QString());
+
+        // A drag that begins as the second tap is measured from that tap.
+        mouse(QEvent::MouseButtonDblClick, {160, 340});
+        move(160, 369);
+        QCOMPARE(moved(), QPoint());
+    }
+
+    void tapAfterAnInterruptedDrag()
+    {
+        press(200, 200);
+        move(200, 240);
+        m_view->hide();
+        m_view->show();
+        press(100, 100);
+        release(100, 100);
+        QCOMPARE(seenByThePage(), QStringLiteral("mousedown mousedown mouseup click"));
+    }
+
+    void flingSlowsDown()
+    {
+        // Smoothed: 3 * 30 / 4 = 22, then 3 * (22 - 8) / 4 = 10.
+        press(200, 200);
+        move(200, 230);
+        move(200, 222);
+        release(200, 222);
+        QVERIFY(m_timer->isActive());
+        QCOMPARE(m_timer->interval(), 50);
+        press(200, 300); // deliberately does not stop it
+        QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
+    }
+
+    void flingEndsAfterTwentyTicks()
+    {
+        frame()->setScrollPosition(QPoint(0, 0));
+        fling(650, 50); // smoothed: -450
+        const QVector<int> steps = coast();
+        QCOMPARE(steps.size(), 20);
+        QCOMPARE(steps.mid(0, 4), QVector<int>({-360, -288, -230, -184}));
+        QVERIFY(steps.last() < 0);
+    }
+
+    void flingTakenOverRunsTheRemainingTicks()
+    {
+        int ticks = 0;
+        const auto connection = connect(m_timer, &QTimer::timeout, this, [&] {
+            if (++ticks == 5)
+                fling(600, 100);
+        });
+        fling(600, 100);
+        const QVector<int> steps = coast();
+        disconnect(connection);
+        QCOMPARE(steps.size(), 20);
+        QCOMPARE(steps.at(5), steps.at(0));
+    }
+
+    void contextMenuNeverOpens()
+    {
+        QWidget *viewport = m_window->viewport();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(100, 100), viewport->mapToGlobal(QPoint(100, 100)));
+        QApplication::sendEvent(viewport, &event);
+        QVERIFY(event.isAccepted());
+        QCOMPARE(seenByThePage(), QString());
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+
+    void wheelScrolls()
+    {
+        QVERIFY(wheel({100, 100}, -120));
+        const int notch = moved().y();
+        QVERIFY(notch < 0);
+        QVERIFY(wheel({100, 100}, 120));
+        QCOMPARE(moved(), QPoint());
+        // A touch pad sends small parts of a notch.
+        QVERIFY(wheel({100, 100}, -30));
+        QCOMPARE(moved().y(), notch / 4);
+        // What is inside the page scrolls first.
+        frame()->setScrollPosition(START);
+        QVERIFY(wheel({430, 120}, -120));
+        QVERIFY(script("document.getElementById('inner').scrollTop").toInt() > 0);
+        QCOMPARE(moved(), QPoint());
+    }
+
+    void keysScroll_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("line down") << int(Qt::Key_Down) << 1040;
+        QTest::newRow("line up") << int(Qt::Key_Up) << 960;
+        QTest::newRow("page down") << int(Qt::Key_PageDown) << 1624;
+        QTest::newRow("page up") << int(Qt::Key_PageUp) << 376;
+        QTest::newRow("top") << int(Qt::Key_Home) << 0;
+        QTest::newRow("end") << int(Qt::Key_End) << 9000 - 664;
+    }
+    void keysScroll()
+    {
+        QFETCH(int, key);
+        m_view->setFocus();
+        QTest::keyClick(m_window->viewport(), static_cast<Qt::Key>(key));
+        QCOMPARE(frame()->scrollPosition().x(), START.x());
+        QTEST(frame()->scrollPosition().y(), "expected");
+    }
+
+    void keysServeTheFocusedFieldFirst()
+    {
+        m_view->setFocus();
+        script("var field = document.getElementById('inner'); field.focus(); field.setSelectionRange(0, 0)");
+        const QPoint before = frame()->scrollPosition();
+        QTest::keyClick(m_window->viewport(), Qt::Key_Down);
+        QTest::keyClick(m_window->viewport(), Qt::Key_Space);
+        QCOMPARE(script("field.value.substr(0, 11)").toString(), QStringLiteral("line\n line\n"));
+        QCOMPARE(frame()->scrollPosition(), before);
+    }
+
+    void fingerDoesWhatTheMouseDoes()
+    {
+        QWidget *viewport = m_window->viewport();
+        touch().press(0, QPoint(200, 200), viewport);
+        touch().move(0, QPoint(200, 229), viewport);
+        QCOMPARE(moved(), QPoint());
+        touch().move(0, QPoint(200, 230), viewport);
+        touch().move(0, QPoint(200, 222), viewport);
+        QCOMPARE(moved(), QPoint(0, 22));
+        touch().release(0, QPoint(200, 222), viewport);
+        QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
+        QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown"));
+    }
+
+    void fingerTapsAlways()
+    {
+        const QString tap = QStringLiteral("touchstart mousedown mouseup click");
+        for (const QString &expected : {tap, tap + QLatin1Char(' ') + tap}) {
+            tapByFinger();
+            QCOMPARE(seenByThePage(), expected);
+        }
+        QCOMPARE(m_view->page()->selectedText(), QString());
+        m_view->setEditable(false);
+        script("seen = []");
+        tapByFinger();
+        QCOMPARE(seenByThePage(), QString());
+    }
+
+    void secondFingerIsIgnored()
+    {
+        QWidget *viewport = m_window->viewport();
+        touch().press(3, QPoint(200, 200), viewport);
+        touch().stationary(3).press(5, QPoint(50, 50), viewport);
+        touch().stationary(3).move(5, QPoint(50, 350), viewport);
+        QCOMPARE(moved(), QPoint());
+        touch().move(3, QPoint(200, 240), viewport).stationary(5);
+        QCOMPARE(moved(), QPoint(0, 40));
+        touch().release(3, QPoint(200, 240), viewport).stationary(5);
+        m_timer->stop();
+        touch().move(5, QPoint(50, 50), viewport);
+        touch().release(5, QPoint(50, 50), viewport);
+        QCOMPARE(moved(), QPoint(0, 40));
+        QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown touchstart"));
+    }
+
+    void scriptMayKeepTheTouch()
+    {
+        QWidget *viewport = m_window->viewport();
+        script("document.addEventListener('touchstart', function(event) { event.preventDefault(); }, true)");
+        touch().press(0, QPoint(200, 200), viewport);
+        touch().move(0, QPoint(200, 260), viewport);
+        touch().release(0, QPoint(200, 260), viewport);
+        QCOMPARE(seenByThePage(), QStringLiteral("touchstart"));
+        QCOMPARE(moved(), QPoint());
+    }
+
+    void touchTakenAwayEndsTheDrag()
+    {
+        QWidget *viewport = m_window->viewport();
+        touch().press(0, QPoint(200, 200), viewport);
+        touch().move(0, QPoint(200, 260), viewport);
+        QTouchEvent cancel(QEvent::TouchCancel, m_screen);
+        QApplication::sendEvent(viewport, &cancel);
+        script("seen = []");
+        tapByFinger();
+        QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown mouseup click"));
+    }
 
 private:
-    void mouse(QEvent::Type type, const QPoint &position, Qt::MouseButton button = Qt::LeftButton);
+    void mouse(QEvent::Type type, const QPoint &position)
+    {
+        QWidget *viewport = m_window->viewport();
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, position, viewport->mapToGlobal(position), button, held, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &event);
+    }
     void press(int x, int y) { mouse(QEvent::MouseButtonPress, {x, y}); }
     void move(int x, int y) { mouse(QEvent::MouseMove, {x, y}); }
     void release(int x, int y) { mouse(QEvent::MouseButtonRelease, {x, y}); }
+    void fling(int fromY, int toY)
+    {
+        press(200, fromY);
+        move(200, toY);
+        release(200, toY);
+    }
+    void tapByFinger()
+    {
+        touch().press(0, QPoint(60, 240), m_window->viewport());
+        touch().release(0, QPoint(60, 240), m_window->viewport());
+    }
     QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_window->viewport(), m_screen); }
-    bool wheel(const QPoint &position, int delta);
+    bool wheel(const QPoint &position, int delta)
+    {
+        QWidget *viewport = m_window->viewport();
+        QWheelEvent event(position, viewport->mapToGlobal(position), QPoint(), QPoint(0, delta), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        return QApplication::sendEvent(viewport, &event) && event.isAccepted();
+    }
 
     QWebFrame *frame() const { return m_view->page()->mainFrame(); }
     /// How far the content has moved, as the finger sees it.
@@ -82,363 +339,24 @@ private:
     QVariant script(const char *source) { return frame()->evaluateJavaScript(QString::fromLatin1(source)); }
     QString seenByThePage() { return script("seen.join(' ')").toString(); }
     /// Lets the page coast to its end and returns the vertical movement of each tick.
-    QVector<int> coast();
+    QVector<int> coast()
+    {
+        QVector<int> steps;
+        int last = moved().y();
+        const auto connection = connect(m_timer, &QTimer::timeout, this, [&] {
+            steps << moved().y() - last;
+            last = moved().y();
+        });
+        [&] { QTRY_VERIFY(!m_timer->isActive()); }();
+        disconnect(connection);
+        return steps;
+    }
 
-    QTouchDevice *m_screen = nullptr;
+    QTouchDevice *m_screen = QTest::createTouchDevice();
     QScopedPointer<QGraphicsView> m_window;
     MyQWebView *m_view = nullptr;
     QTimer *m_timer = nullptr;
 };
-
-void tst_WebView::initTestCase()
-{
-    m_screen = QTest::createTouchDevice();
-}
-
-void tst_WebView::init()
-{
-    m_window.reset(new QGraphicsView);
-    m_window->setFrameShape(QFrame::NoFrame);
-    m_window->resize(480, 664);
-    m_window->viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
-    auto *scene = new QGraphicsScene(0, 0, 480, 664, m_window.data());
-    m_window->setScene(scene);
-    m_view = new MyQWebView;
-    m_view->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, true);
-    m_view->settings()->setAttribute(QWebSettings::FrameFlatteningEnabled, true);
-    scene->addItem(m_view);
-    m_view->setGeometry(QRectF(0, 0, 480, 664));
-    m_timer = m_view->findChild<QTimer *>();
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
-    QSignalSpy loaded(m_view, &QGraphicsWebView::loadFinished);
-    m_view->setHtml(QString::fromLatin1(PAGE));
-    QTRY_COMPARE(loaded.count(), 1);
-    frame()->setScrollPosition(START);
-    QCOMPARE(moved(), QPoint());
-}
-
-void tst_WebView::cleanup()
-{
-    m_window.reset();
-}
-
-void tst_WebView::mouse(QEvent::Type type, const QPoint &position, Qt::MouseButton button)
-{
-    QWidget *viewport = m_window->viewport();
-    const bool isMove = type == QEvent::MouseMove;
-    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
-    QMouseEvent event(type, position, viewport->mapToGlobal(position), isMove ? Qt::NoButton : button, held,
-                      Qt::NoModifier);
-    QApplication::sendEvent(viewport, &event);
-}
-
-bool tst_WebView::wheel(const QPoint &position, int delta)
-{
-    QWidget *viewport = m_window->viewport();
-    QWheelEvent event(position, viewport->mapToGlobal(position), QPoint(), QPoint(0, delta), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    return QApplication::sendEvent(viewport, &event) && event.isAccepted();
-}
-
-QVector<int> tst_WebView::coast()
-{
-    QVector<int> steps;
-    int last = moved().y();
-    const auto connection = connect(m_timer, &QTimer::timeout, this, [&] {
-        steps << moved().y() - last;
-        last = moved().y();
-    });
-    [&] { QTRY_VERIFY(!m_timer->isActive()); }();
-    disconnect(connection);
-    return steps;
-}
-
-void tst_WebView::tapReachesThePage_data()
-{
-    QTest::addColumn<bool>("editable");
-    QTest::addColumn<QString>("seen");
-    QTest::newRow("editable") << true << QStringLiteral("mousedown mouseup click");
-    QTest::newRow("not editable") << false << QString();
-}
-
-void tst_WebView::tapReachesThePage()
-{
-    QFETCH(bool, editable);
-    m_view->setEditable(editable);
-    press(100, 100);
-    move(129, 71);
-    release(129, 71);
-    QTEST(seenByThePage(), "seen");
-    QCOMPARE(moved(), QPoint());
-    QVERIFY(!m_timer->isActive());
-}
-
-void tst_WebView::dragStartsAtThirtyPixels_data()
-{
-    QTest::addColumn<QPoint>("step");
-    QTest::addColumn<QPoint>("expected");
-    const auto row = [](const char *name, const QPoint &step, bool moves) {
-        QTest::newRow(name) << step << (moves ? step : QPoint());
-    };
-    row("29 on both axes", {29, 29}, false);
-    row("29 back on both axes", {-29, -29}, false);
-    row("30 right", {30, 0}, true);
-    row("30 left", {-30, 0}, true);
-    row("30 down", {0, 30}, true);
-    row("30 up and a bit", {5, -30}, true);
-}
-
-void tst_WebView::dragStartsAtThirtyPixels()
-{
-    QFETCH(QPoint, step);
-    press(200, 200);
-    move(200 + step.x(), 200 + step.y());
-    QTEST(moved(), "expected");
-    release(200 + step.x(), 200 + step.y());
-}
-
-void tst_WebView::thresholdCountsFromThePress()
-{
-    press(200, 200);
-    move(200, 215);
-    move(200, 229);
-    QCOMPARE(moved(), QPoint());
-    move(200, 230);
-    QCOMPARE(moved(), QPoint(0, 30));
-}
-
-void tst_WebView::dragIsNoTapAndSelectsNothing()
-{
-    // Across the words, and then the mouse goes on without a button: the page never saw the release.
-    press(60, 260);
-    move(100, 262);
-    move(220, 264);
-    release(220, 264);
-    m_timer->stop();
-    QTest::mouseMove(m_window->viewport(), QPoint(300, 250));
-    QTest::mouseMove(m_window->viewport(), QPoint(100, 245));
-    QCOMPARE(seenByThePage(), QStringLiteral("mousedown"));
-    QCOMPARE(m_view->page()->selectedText(), QString());
-}
-
-void tst_WebView::quickTapsAreTwoTaps()
-{
-    press(60, 240);
-    release(60, 240);
-    mouse(QEvent::MouseButtonDblClick, {60, 241});
-    release(60, 241);
-    QCOMPARE(seenByThePage(), QStringLiteral("mousedown mouseup click mousedown mouseup click"));
-    QCOMPARE(m_view->page()->selectedText(), QString());
-
-    // A drag that begins as the second tap is measured from that tap.
-    mouse(QEvent::MouseButtonDblClick, {160, 340});
-    move(160, 369);
-    QCOMPARE(moved(), QPoint());
-}
-
-void tst_WebView::tapAfterAnInterruptedDrag()
-{
-    press(200, 200);
-    move(200, 240);
-    m_view->hide();
-    m_view->show();
-    press(100, 100);
-    release(100, 100);
-    QCOMPARE(seenByThePage(), QStringLiteral("mousedown mousedown mouseup click"));
-}
-
-void tst_WebView::flingSlowsDown()
-{
-    // Smoothed: 3 * 30 / 4 = 22, then 3 * (22 - 8) / 4 = 10.
-    press(200, 200);
-    move(200, 230);
-    move(200, 222);
-    release(200, 222);
-    QVERIFY(m_timer->isActive());
-    QCOMPARE(m_timer->interval(), 50);
-    QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
-}
-
-void tst_WebView::flingEndsAfterTwentyTicks()
-{
-    frame()->setScrollPosition(QPoint(0, 0));
-    press(200, 650);
-    move(200, 50); // smoothed: -450
-    release(200, 50);
-    const QVector<int> steps = coast();
-    QCOMPARE(steps.size(), 20);
-    QCOMPARE(steps.mid(0, 4), QVector<int>({-360, -288, -230, -184}));
-    QVERIFY(steps.last() < 0);
-}
-
-void tst_WebView::pressDoesNotStopTheFling()
-{
-    press(200, 400);
-    move(200, 300);
-    release(200, 300);
-    press(200, 300);
-    const int before = moved().y();
-    QVERIFY(m_timer->isActive());
-    QTRY_VERIFY(moved().y() < before);
-}
-
-void tst_WebView::flingTakenOverRunsTheRemainingTicks()
-{
-    QSignalSpy ticks(m_timer, &QTimer::timeout);
-    press(200, 600);
-    move(200, 100);
-    release(200, 100);
-    QTRY_COMPARE(ticks.count(), 5);
-    press(200, 600);
-    move(200, 100);
-    release(200, 100);
-    QCOMPARE(coast().size(), 15);
-}
-
-void tst_WebView::contextMenuNeverOpens()
-{
-    QWidget *viewport = m_window->viewport();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(100, 100), viewport->mapToGlobal(QPoint(100, 100)));
-    QApplication::sendEvent(viewport, &event);
-    QVERIFY(event.isAccepted());
-    QCOMPARE(seenByThePage(), QString());
-    QVERIFY(!QApplication::activePopupWidget());
-}
-
-void tst_WebView::wheelScrolls()
-{
-    QVERIFY(wheel({100, 100}, -120));
-    const int notch = moved().y();
-    QVERIFY(notch < 0);
-    QVERIFY(wheel({100, 100}, 120));
-    QCOMPARE(moved(), QPoint());
-    // A touch pad sends small parts of a notch.
-    QVERIFY(wheel({100, 100}, -30));
-    QCOMPARE(moved().y(), notch / 4);
-}
-
-void tst_WebView::wheelScrollsWhatIsInsideThePageFirst()
-{
-    QVERIFY(wheel({430, 120}, -120));
-    QVERIFY(script("document.getElementById('inner').scrollTop").toInt() > 0);
-    QCOMPARE(moved(), QPoint());
-}
-
-void tst_WebView::keysScroll_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("line down") << int(Qt::Key_Down) << 1040;
-    QTest::newRow("line up") << int(Qt::Key_Up) << 960;
-    QTest::newRow("page down") << int(Qt::Key_PageDown) << 1624;
-    QTest::newRow("page up") << int(Qt::Key_PageUp) << 376;
-    QTest::newRow("top") << int(Qt::Key_Home) << 0;
-    QTest::newRow("end") << int(Qt::Key_End) << 9000 - 664;
-}
-
-void tst_WebView::keysScroll()
-{
-    QFETCH(int, key);
-    m_view->setFocus();
-    QTest::keyClick(m_window->viewport(), static_cast<Qt::Key>(key));
-    QCOMPARE(frame()->scrollPosition().x(), START.x());
-    QTEST(frame()->scrollPosition().y(), "expected");
-}
-
-void tst_WebView::keysServeTheFocusedFieldFirst()
-{
-    m_view->setFocus();
-    script("var field = document.getElementById('inner'); field.focus(); field.setSelectionRange(0, 0)");
-    const QPoint before = frame()->scrollPosition();
-    QTest::keyClick(m_window->viewport(), Qt::Key_Down);
-    QTest::keyClick(m_window->viewport(), Qt::Key_Space);
-    QCOMPARE(script("field.value.substr(0, 11)").toString(), QStringLiteral("line\n line\n"));
-    QCOMPARE(frame()->scrollPosition(), before);
-}
-
-void tst_WebView::backGoesOneStepBack()
-{
-    for (const char *page : {"data:text/html,one", "data:text/html,two"}) {
-        QSignalSpy loaded(m_view, &QGraphicsWebView::loadFinished);
-        m_view->setUrl(QUrl(QString::fromLatin1(page)));
-        QTRY_COMPARE(loaded.count(), 1);
-    }
-    m_view->back();
-    QTRY_COMPARE(frame()->toPlainText(), QStringLiteral("one"));
-}
-
-void tst_WebView::fingerDoesWhatTheMouseDoes()
-{
-    QWidget *viewport = m_window->viewport();
-    touch().press(0, QPoint(200, 200), viewport);
-    touch().move(0, QPoint(200, 229), viewport);
-    QCOMPARE(moved(), QPoint());
-    touch().move(0, QPoint(200, 230), viewport);
-    touch().move(0, QPoint(200, 222), viewport);
-    QCOMPARE(moved(), QPoint(0, 22));
-    touch().release(0, QPoint(200, 222), viewport);
-    QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
-    QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown"));
-}
-
-void tst_WebView::fingerTapsAlways()
-{
-    QWidget *viewport = m_window->viewport();
-    const QString tap = QStringLiteral("touchstart mousedown mouseup click");
-    for (const QString &expected : {tap, tap + QLatin1Char(' ') + tap}) {
-        touch().press(0, QPoint(60, 240), viewport);
-        touch().release(0, QPoint(60, 240), viewport);
-        QCOMPARE(seenByThePage(), expected);
-    }
-    QCOMPARE(m_view->page()->selectedText(), QString());
-    m_view->setEditable(false);
-    script("seen = []");
-    touch().press(0, QPoint(60, 240), viewport);
-    touch().release(0, QPoint(60, 240), viewport);
-    QCOMPARE(seenByThePage(), QString());
-}
-
-void tst_WebView::secondFingerIsIgnored()
-{
-    QWidget *viewport = m_window->viewport();
-    touch().press(3, QPoint(200, 200), viewport);
-    touch().stationary(3).press(5, QPoint(50, 50), viewport);
-    touch().stationary(3).move(5, QPoint(50, 350), viewport);
-    QCOMPARE(moved(), QPoint());
-    touch().move(3, QPoint(200, 240), viewport).stationary(5);
-    QCOMPARE(moved(), QPoint(0, 40));
-    touch().release(3, QPoint(200, 240), viewport).stationary(5);
-    m_timer->stop();
-    touch().move(5, QPoint(50, 50), viewport);
-    touch().release(5, QPoint(50, 50), viewport);
-    QCOMPARE(moved(), QPoint(0, 40));
-    QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown touchstart"));
-}
-
-void tst_WebView::scriptMayKeepTheTouch()
-{
-    QWidget *viewport = m_window->viewport();
-    script("document.addEventListener('touchstart', function(event) { event.preventDefault(); }, true)");
-    touch().press(0, QPoint(200, 200), viewport);
-    touch().move(0, QPoint(200, 260), viewport);
-    touch().release(0, QPoint(200, 260), viewport);
-    QCOMPARE(seenByThePage(), QStringLiteral("touchstart"));
-    QCOMPARE(moved(), QPoint());
-}
-
-void tst_WebView::touchTakenAwayEndsTheDrag()
-{
-    QWidget *viewport = m_window->viewport();
-    touch().press(0, QPoint(200, 200), viewport);
-    touch().move(0, QPoint(200, 260), viewport);
-    QTouchEvent cancel(QEvent::TouchCancel, m_screen);
-    QApplication::sendEvent(viewport, &cancel);
-    script("seen = []");
-    touch().press(0, QPoint(60, 240), viewport);
-    touch().release(0, QPoint(60, 240), viewport);
-    QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown mouseup click"));
-}
 
 QTEST_MAIN(tst_WebView)
 #include "tst_webview.moc"
