@@ -34,6 +34,18 @@ bool isDrag;
 int scrollCount;
 QPointer<QTimer> timer;
 
+/// A page whose scripts open no message boxes: those would be windows of the desktop's, and a page that opens one after
+/// another could not be left.
+class QuietPage : public QWebPage {
+public:
+    using QWebPage::QWebPage;
+
+protected:
+    void javaScriptAlert(QWebFrame *, const QString &) override { }
+    bool javaScriptConfirm(QWebFrame *, const QString &) override { return false; }
+    bool javaScriptPrompt(QWebFrame *, const QString &, const QString &, QString *) override { return false; }
+};
+
 bool isContextMenu(const QEvent *event)
 {
     return event->type() == QEvent::GraphicsSceneContextMenu || event->type() == QEvent::ContextMenu;
@@ -60,6 +72,7 @@ void withMouseEvent(QEvent::Type type, const QGraphicsItem &item, const QPointF 
 
 MyQWebView::MyQWebView()
 {
+    setPage(new QuietPage(this));
     last_x = -999;
     last_y = -999;
     isDrag = false;

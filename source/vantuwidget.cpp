@@ -18,6 +18,7 @@
 #include <QNetworkAccessManager>
 #include <QWebFrame>
 #include <QWebPage>
+#include <QWebSettings>
 
 namespace {
 
@@ -48,7 +49,7 @@ VantuPage::VantuPage(QGraphicsItem *parent)
     values.username = _username;
     values.password = _password;
     values.rememberMe = !_rememberMe.isEmpty();
-    load(QUrl(startUrl(values)));
+    webView->setUrl(QUrl(startUrl(values)));
 
     nwAccessMgr = new QNetworkAccessManager;
     nwAccessMgr->setAutoDeleteReplies(true);
@@ -56,6 +57,9 @@ VantuPage::VantuPage(QGraphicsItem *parent)
 
 VantuPage::~VantuPage()
 {
+    // A web page is told that it ends; its script must not call what is about to go.
+    webView->settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
+
     ResManager::deleteInstance();
 
     // btnEdit is deliberately not among these: it goes with the scene.

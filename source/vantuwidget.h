@@ -6,6 +6,7 @@
 #include "mpopuplist.h"
 
 #include <QModelIndex>
+#include <QPointer>
 #include <QString>
 #include <QStringListModel>
 #include <QUrl>
@@ -15,6 +16,7 @@ class MButton;
 class MButtonGroup;
 class MLabel;
 class MLayout;
+class MMessageBox;
 class MProgressIndicator;
 class MTextEdit;
 class MyLayoutPolicy;
@@ -31,6 +33,15 @@ class ToggleButton;
 /// the service's pages know.
 class VantuPage : public MApplicationPage {
     Q_OBJECT
+    // Inherited properties that a script could make the page useless with, taken out of its reach.
+    Q_PROPERTY(QSizeF size READ size SCRIPTABLE false)
+    Q_PROPERTY(QSizeF minimumSize READ minimumSize SCRIPTABLE false)
+    Q_PROPERTY(QSizeF preferredSize READ preferredSize SCRIPTABLE false)
+    Q_PROPERTY(QSizeF maximumSize READ maximumSize SCRIPTABLE false)
+    Q_PROPERTY(qreal width READ width SCRIPTABLE false)
+    Q_PROPERTY(qreal height READ height SCRIPTABLE false)
+    Q_PROPERTY(QRectF geometry READ geometry SCRIPTABLE false)
+    Q_PROPERTY(Qt::WindowFlags windowFlags READ windowFlags SCRIPTABLE false)
 
 public:
     /// Builds the chrome, reads the stored login and begins to load the start page.
@@ -47,6 +58,7 @@ public:
     /// The one rule for "back": to the page before a composer, up one level, or one step in the history.
     void goBack();
 
+    /// The composers. Opening one while the other is open switches to it; closing leads back to the page before.
     void openSendMessagePage();
     void closeSendMessagePage();
     /// Posts the composed message. Nobody waits for the answer.
@@ -64,7 +76,9 @@ public:
     void clearUserLogin();
 
 public slots:
+    /// Makes the page the window object "VANTU" of the web page.
     void attachObjectToJS();
+    // What a web page hands over, each as text. Nothing is reported back; odd values count as 0, or false.
     void showTitle(QString html);
     void getInboxMessages(QString html);
     void getGamesMessages(QString html);
@@ -80,6 +94,7 @@ public slots:
     void getUserName(QString html);
     void getPassword(QString html);
     void getAutoLogin(QString html);
+    // The player's commands and the web view's signals. Unknown ids and rows do nothing.
     void on_pageLoadStarted();
     void on_pageLoadFinished(bool ok);
     void on_ToggleButtonClicked(int buttonId);
@@ -148,6 +163,9 @@ protected:
     bool isInFriendSelectionScreen = false;
 
 private:
+    qreal width() const { return size().width(); }
+    qreal height() const { return size().height(); }
+
     void initUI();
     void initHeader();
     void initWebView();
@@ -156,10 +174,12 @@ private:
     void initPopups();
 
     void enterState(VantuState newState);
+    void restoreWebView();
     QString currentUrl() const;
     /// Where the web view stands between header and footer.
     QRectF webViewRect() const;
-    /// Loads @p url in the web view.
+    /// Loads @p url in the web view: at once for a command of the player's, else from the event loop, since loading
+    /// from inside a script pulls the page from under the engine that runs it.
     void load(const QUrl &url);
     void setTitle(const QString &text, const QColor &color);
     void setTiledBackingStore(bool on);
@@ -167,7 +187,7 @@ private:
 
     void detectErrorPage();
     void finishFailedLoad();
-    void finishLoad();
+    void finishLoad(const QString &url);
     void runBridgeScripts();
     void addPickedFriend();
 
@@ -178,6 +198,8 @@ private:
     void warn(const QString &text);
 
     bool isFinishingLoad = false;
+    int slotDepth = 0; ///< how many of the slots that load or disturb the web page are running inside each other
+    QPointer<MMessageBox> warning; ///< the latest one
 };
 
 /// True after the service's own error page was shown, until the next load starts.

@@ -14,11 +14,13 @@
 
 #include <iterator>
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 #include <QWebHistory>
 #include <QWebPage>
 
 void VantuPage::on_ToggleButtonClicked(int buttonId)
 {
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
     static constexpr const char *SECTIONS[] = {K_LINK_VANTU, K_LINK_MESSAGES_INDEX, K_LINK_FRIENDS, K_LINK_GAMES};
     if (buttonId < 0 || buttonId >= static_cast<int>(std::size(SECTIONS)))
         return;
@@ -28,6 +30,7 @@ void VantuPage::on_ToggleButtonClicked(int buttonId)
 
 void VantuPage::on_SelectButtonClicked(int buttonId)
 {
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
     switch (buttonId) {
     case 0:
         goBack();
@@ -70,6 +73,8 @@ void VantuPage::on_SelectButtonClicked(int buttonId)
 
 void VantuPage::quitToGame()
 {
+    if (is_Send_Resume)
+        return; // On the way out already: a second tap arrives before the event loop ends.
     webView->stop();
     saveUserLogin();
     sendMessage(QStringLiteral("RESUMEGAME"));
@@ -100,8 +105,10 @@ void VantuPage::validateAndSend()
 
 void VantuPage::warn(const QString &text)
 {
-    auto *box = new MMessageBox(text, M::OkButton);
-    box->appear(MSceneWindow::DestroyWhenDismissed);
+    if (warning && warning->isOnDisplay())
+        return;
+    warning = new MMessageBox(text, M::OkButton);
+    warning->appear(MSceneWindow::DestroyWhenDismissed);
 }
 
 void VantuPage::showInteractPopup()
@@ -118,6 +125,7 @@ void VantuPage::showInteractPopup()
 
 void VantuPage::on_UserInteract(QModelIndex index)
 {
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
     const QString row = index.data(Qt::DisplayRole).toString();
     const auto names = [&row](const auto &table) { return row.contains(localized(table)); };
     // The order decides where one text holds another: the German thumbs down holds the thumbs up, and deliberately
@@ -144,6 +152,7 @@ void VantuPage::on_UserInteract(QModelIndex index)
 
 void VantuPage::on_UserRecommend(QModelIndex index)
 {
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
     switch (index.row()) {
     case 0:
         openSendEmailPage();

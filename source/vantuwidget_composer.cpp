@@ -12,6 +12,7 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
+#include <QScopedValueRollback>
 
 void VantuPage::enterState(VantuState newState)
 {
@@ -24,6 +25,15 @@ void VantuPage::setTitle(const QString &text, const QColor &color)
 {
     lblWebTitle->setText(text);
     lblWebTitle->setColor(color);
+}
+
+// Undoes what picking a friend, or a script that opened one composer over the other, has left.
+void VantuPage::restoreWebView()
+{
+    webView->setGeometry(webViewRect());
+    webView->setEnabled(true);
+    webView->setEditable(true);
+    isInFriendSelectionScreen = false;
 }
 
 void VantuPage::openSendMessagePage()
@@ -43,6 +53,8 @@ void VantuPage::closeSendMessagePage()
 {
     enterState(Normal);
     webView->show();
+    restoreWebView();
+    lblSubject->hide();
     txtMessage->hide();
     addrWidget->hide();
     setTitle(webView->title(), Qt::white);
@@ -54,6 +66,7 @@ void VantuPage::on_btnAddAddressClicked()
 {
     if (state != SendMessageState)
         return;
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
     addrWidget->hide();
     txtMessage->hide();
     btnSend->hide();
@@ -89,6 +102,8 @@ void VantuPage::closeSendEmailPage()
     // Deliberately another order than the message composer's: the title waits for the next page's.
     enterState(Normal);
     updateButtonVisible();
+    webView->show();
+    txtMessage->hide();
     lblSubject->hide();
     lblSubject->setText(QString());
     lblWebTitle->setColor(Qt::white);

@@ -133,7 +133,9 @@ void VantuPage::initFooter()
     place(btnGame = new ToggleButton(12), 3);
     connect(toggleButtons, QOverload<int>::of(&MButtonGroup::buttonClicked), this, &VantuPage::on_ToggleButtonClicked);
     btnHome->setChecked(true);
-    toggleButtons->setParent(this); // The destructor leaves it out of its list; this way it goes with the page.
+    // The destructor leaves it out of its list; this way it goes with the page. A child of the page's own would be in
+    // the reach of scripts.
+    toggleButtons->setParent(centralWidget());
 }
 
 void VantuPage::initPopups()

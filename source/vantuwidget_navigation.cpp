@@ -33,7 +33,12 @@ QRectF VantuPage::webViewRect() const
 
 void VantuPage::load(const QUrl &url)
 {
-    webView->setUrl(url);
+    // A script's call comes from no sender, or from inside another slot.
+    if (slotDepth == 1 && sender())
+        webView->setUrl(url);
+    else
+        QMetaObject::invokeMethod(
+            webView, [this, url] { webView->setUrl(url); }, Qt::QueuedConnection);
 }
 
 void VantuPage::setTiledBackingStore(bool on)
@@ -48,7 +53,8 @@ void VantuPage::setJavaScript(bool on)
 
 void VantuPage::on_pageLoadStarted()
 {
-    const QString leaving = currentUrl();
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const QString url = currentUrl();
     progressIndicator->show();
     MInputMethodState::closeSoftwareInputPanel();
     setButtonVisible(false);
@@ -63,7 +69,7 @@ void VantuPage::on_pageLoadStarted()
         onErrorPage = false;
         setTiledBackingStore(true);
     }
-    if (onTwitterPage && !isTwitterUrl(leaving)) {
+    if (onTwitterPage && !isTwitterUrl(url)) {
         setTiledBackingStore(true);
         onTwitterPage = false;
     }
@@ -86,14 +92,16 @@ void VantuPage::on_pageLoadFinished(bool ok)
     if (isFinishingLoad)
         return;
     const QScopedValueRollback<bool> guard(isFinishingLoad, true);
+    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
 
+    const QString url = currentUrl();
     lastState = state;
     detectErrorPage();
     webView->setTiledBackingStoreFrozen(false);
     webView->page()->mainFrame()->scroll(0, 1);
     webView->setPalette(QPalette(Qt::white));
     if (ok)
-        finishLoad();
+        finishLoad(url);
     else
         finishFailedLoad();
     progressIndicator->hide();
@@ -125,13 +133,14 @@ void VantuPage::finishFailedLoad()
         addrWidget->setVisible(true);
         txtMessage->show();
         isInFriendSelectionScreen = false;
-        // However the web view comes back from here, it must not cover the header or stay deaf.
+        // Deliberately usable again: however the web view comes back from here, it must not cover the header or stay
+        // deaf.
         webView->setGeometry(webViewRect());
         webView->setEnabled(true);
     }
 }
 
-void VantuPage::finishLoad()
+void VantuPage::finishLoad(const QString &url)
 {
     disconnect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
     disconnect(webView, &QGraphicsWebView::urlChanged, this, &VantuPage::on_url_change);
@@ -143,8 +152,13 @@ void VantuPage::finishLoad()
     webView->setZoomFactor(g_ZoomFactor);
 
     if (state == SendMessageState) {
-        if (currentUrl() != QLatin1String(K_LINK_FRIENDS))
+        if (url != QLatin1String(K_LINK_FRIENDS)) {
             addPickedFriend();
+        } else if (!isInFriendSelectionScreen) {
+            // The list itself was loaded once more. Deliberately ready for a tap again: there is no other way out.
+            isInFriendSelectionScreen = true;
+            webView->setEnabled(true);
+        }
         return;
     }
     updateButtonVisible();

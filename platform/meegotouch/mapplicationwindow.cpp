@@ -58,8 +58,6 @@ MApplicationWindow::~MApplicationWindow()
     // Now: what it destroys reports to members that would be gone later.
     m_scene.reset();
     allWindows.removeOne(this);
-    // While the list of what is on display is still there: what goes with the scene takes itself off it.
-    m_scene.reset();
 }
 
 MApplicationPage *MApplicationWindow::currentPage() const

@@ -5,6 +5,7 @@
 
 #include "mdialog.h"
 #include "mlabel.h"
+#include "mmessagebox.h"
 #include "mprogressindicator.h"
 #include "mtextedit.h"
 
@@ -18,6 +19,7 @@ private slots:
     void messageGoesOutOnce();
     void cancelReturnsToThePageBefore();
     void friendsArePickedFromTheList();
+    void listLoadedTwiceCanStillBeTapped();
     void failedPickBringsTheComposerBack();
     void sendChecksRecipientsFirst();
     void sendRefusesAnEmptyMessageOnly();
@@ -131,17 +133,20 @@ void ComposerTest::friendsArePickedFromTheList()
     portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
     QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
     emit page.addrWidget->btnAddressClicked();
-    QVERIFY(page.isInFriendSelectionScreen || page.webView->isVisible());
     QVERIFY(finished.wait());
     QCOMPARE(page.webView->geometry(), QRectF(0, 0, 480, 814));
     QVERIFY(page.isInFriendSelectionScreen);
     QVERIFY(!page.addrWidget->isVisible() && !page.txtMessage->isVisible() && !page.btnSend->isVisible());
     QVERIFY(page.webView->isEnabled());
 
+    bool deaf = false;
+    QObject observer;
+    connect(page.webView, &QGraphicsWebView::urlChanged, &observer, [&] { deaf = !page.webView->isEnabled(); });
     portal.loadPage(
         QStringLiteral("/vantu/account/index/uid/p3"),
         {{QStringLiteral("iUserId"), QStringLiteral("'p3'")}, {QStringLiteral("sUserName"), QStringLiteral("'Ann'")}});
     QCOMPARE(page.state, SendMessageState);
+    QVERIFY(deaf); // No second tap while the first friend is on the way.
     QVERIFY(!page.isInFriendSelectionScreen);
     QVERIFY(page.addrWidget->isVisible() && page.txtMessage->isVisible());
     QVERIFY(page.btnSend->isVisible() && page.btnCancel->isVisible());
@@ -150,6 +155,23 @@ void ComposerTest::friendsArePickedFromTheList()
     QCOMPARE(page.webView->geometry(), PLACE);
     QCOMPARE(page.addrWidget->getAllAddress(), QStringList(QStringLiteral("p3")));
     QCOMPARE(page.txtMessage->text(), QStringLiteral("written before"));
+}
+
+void ComposerTest::listLoadedTwiceCanStillBeTapped()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.openSendMessagePage();
+    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    page.on_btnAddAddressClicked();
+    QVERIFY(finished.wait());
+    portal.loadPage(QStringLiteral("/vantu/friends"));
+    QVERIFY(page.webView->isEnabled());
+    QVERIFY(!page.addrWidget->isVisible());
+    portal.loadPage(QStringLiteral("/vantu/friends/add-friends/"));
+    QVERIFY(page.addrWidget->isVisible());
+    QVERIFY(page.webView->isEnabled());
 }
 
 void ComposerTest::failedPickBringsTheComposerBack()
@@ -184,6 +206,8 @@ void ComposerTest::sendChecksRecipientsFirst()
         page.state = state;
         page.on_SelectButtonClicked(8);
         QTRY_COMPARE(dialogs(portal).size(), 1);
+        QCOMPARE(static_cast<MMessageBox *>(dialogs(portal).first())->text(),
+                 QStringLiteral("Please select at least one recipient"));
         QTest::keyClick(portal.window.viewport(), Qt::Key_Return);
         QTRY_VERIFY(dialogs(portal).isEmpty());
         QCOMPARE(page.state, state);
@@ -199,6 +223,8 @@ void ComposerTest::sendRefusesAnEmptyMessageOnly()
     page.addrWidget->addNewUIDAddress(QStringLiteral("Ann"), QStringLiteral("p3"));
     page.on_SelectButtonClicked(8);
     QTRY_COMPARE(dialogs(portal).size(), 1);
+    QCOMPARE(static_cast<MMessageBox *>(dialogs(portal).first())->text(),
+             QStringLiteral("You cannot send an empty message"));
     QCOMPARE(page.state, SendMessageState);
     QCOMPARE(page.addrWidget->getRecipientsCount(), 1);
     QVERIFY(posts(portal).isEmpty());

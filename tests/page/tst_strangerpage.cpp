@@ -3,7 +3,9 @@
 #include "addresswidget.h"
 #include "mybutton.h"
 
+#include "mbuttongroup.h"
 #include "mlabel.h"
+#include "mmessagebox.h"
 #include "mprogressindicator.h"
 
 #include <QWebFrame>
@@ -20,6 +22,10 @@ private slots:
     void pageCannotBeTakenAway_data();
     void pageCannotBeTakenAway();
     void loadsFromInsideTheBridge();
+    void loadsFromInsideAFocusHandler();
+    void scriptsOfAnEndingPage_data();
+    void scriptsOfAnEndingPage();
+    void oneWarningAtATime();
 };
 
 void StrangerPageTest::oddValues_data()
@@ -98,9 +104,12 @@ void StrangerPageTest::everySlotAtAnyTime()
 void StrangerPageTest::pageCannotBeTakenAway_data()
 {
     QTest::addColumn<QString>("script");
-    for (const char *script : {"VANTU.visible = false", "VANTU.enabled = false", "VANTU.opacity = 0", "VANTU.x = 5000",
-                               "VANTU.scale = 0.001", "VANTU.rotation = 180", "VANTU.close()", "VANTU.deleteLater()",
-                               "VANTU.disappear()", "VANTU.dismiss()", "VANTU.parent = null", "VANTU.z = -5000"})
+    for (const char *script :
+         {"VANTU.visible = false", "VANTU.enabled = false", "VANTU.opacity = 0", "VANTU.x = 5000",
+          "VANTU.scale = 0.001", "VANTU.rotation = 180", "VANTU.close()", "VANTU.deleteLater()", "VANTU.disappear()",
+          "VANTU.dismiss()", "VANTU.parent = null", "VANTU.z = -5000", "VANTU.windowFlags = 9", "VANTU.size = [1, 1]",
+          "VANTU.width = 1", "VANTU.height = 1", "VANTU.geometry = [9, 9, 1, 1]", "VANTU.maximumSize = [1, 1]",
+          "VANTU[''].deleteLater()"})
         QTest::newRow(script) << QString::fromLatin1(script);
 }
 
@@ -118,6 +127,8 @@ void StrangerPageTest::pageCannotBeTakenAway()
     QCOMPARE(page.effectiveOpacity(), 1.0);
     QCOMPARE(page.mapRectToScene(page.rect()), QRectF(0, 0, 480, 814));
     QCOMPARE(page.scene(), portal.window.scene());
+    QCOMPARE(page.windowFlags(), TestPage().windowFlags());
+    QCOMPARE(page.toggleButtons->buttons().size(), 4);
 }
 
 void StrangerPageTest::loadsFromInsideTheBridge()
@@ -129,6 +140,49 @@ void StrangerPageTest::loadsFromInsideTheBridge()
     portal.loadPage(QStringLiteral("/vantu/friends"), {{QStringLiteral("sUserName"), hostile}});
     QTRY_COMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/games")));
     QTRY_VERIFY(!portal.page->progressIndicator->isVisible());
+}
+
+void StrangerPageTest::loadsFromInsideAFocusHandler()
+{
+    Portal portal;
+    portal.service.answer(QStringLiteral("/vantu/games"), {TestService::page({})});
+    portal.load(QStringLiteral("/vantu/info/"),
+                "<input autofocus onfocus='VANTU.on_ToggleButtonClicked(3)'>"
+                "<script>window.onblur = function() { VANTU.on_ToggleButtonClicked(3); }</script>");
+    QTRY_COMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/games")));
+    portal.page->openSendMessagePage();
+    portal.page->on_SelectButtonClicked(7);
+    QTRY_VERIFY(!portal.page->progressIndicator->isVisible());
+}
+
+void StrangerPageTest::scriptsOfAnEndingPage_data()
+{
+    QTest::addColumn<QString>("handler");
+    QTest::newRow("unload") << QStringLiteral("onunload");
+    QTest::newRow("pagehide") << QStringLiteral("onpagehide");
+}
+
+void StrangerPageTest::scriptsOfAnEndingPage()
+{
+    QFETCH(QString, handler);
+    Portal portal;
+    portal.load(QStringLiteral("/vantu/info/"),
+                QStringLiteral("<script>window.%1 = function() { VANTU.on_pageLoadStarted(); VANTU.showTitle('end');"
+                               " VANTU.on_pageLoadFinished(true); }</script>")
+                    .arg(handler)
+                    .toUtf8());
+    portal.page.reset();
+}
+
+void StrangerPageTest::oneWarningAtATime()
+{
+    Portal portal;
+    portal.load(QStringLiteral("/vantu/info/"),
+                "<script>for (var i = 0; i < 50; ++i) VANTU.on_SelectButtonClicked(8)</script>");
+    int boxes = 0;
+    for (QGraphicsItem *item : portal.window.scene()->items())
+        boxes += dynamic_cast<MMessageBox *>(item) ? 1 : 0;
+    QCOMPARE(boxes, 1);
 }
 
 PORTAL_TEST_MAIN(StrangerPageTest)
