@@ -30,9 +30,9 @@ public:
     };
 
     struct Answer {
-        QByteArray html {};
+        QByteArray html{};
         int status = 200;
-        QByteArray location {}; ///< for redirections
+        QByteArray location{}; ///< for redirections
         int delay = 0; ///< milliseconds before the answer begins
     };
 
