@@ -232,7 +232,8 @@ void recommendOnFacebook(Tour &tour)
     openRecommend(tour);
     tour.loads(facebook, [&] { tour.tapRow(QStringLiteral("Facebook")); });
     // Without sharing, back leads to the game's page or beyond it.
-    tour.loads([](const QString &path) { return path.startsWith(GAMES); }, [&] { tour.tap(Command::Back); });
+    tour.loads(
+        GAMES, [](const QString &path) { return path.startsWith(GAMES); }, [&] { tour.tap(Command::Back); });
 }
 
 void recommendOnTwitter(Tour &tour)
@@ -357,8 +358,7 @@ QStringList Story::parts()
 
 void Story::play(Tour &tour, const QString &part, qint64 service)
 {
-    // The start page is on its way from the first moment.
-    tour.loads([](const QString &path) { return path.startsWith(HOME); }, [] {});
+    tour.waitForStartPage();
     if (part == QLatin1String("sender"))
         playSender(tour);
     else if (part == QLatin1String("recipient"))

@@ -122,13 +122,21 @@ void Tour::show(const QString &name, const QString &sentence, const std::vector<
     std::fflush(stdout);
 }
 
-void Tour::loads(const QString &path, const std::function<void()> &action)
+void Tour::waitForStartPage()
 {
-    loads([&path](const QString &arrived) { return arrived == path; }, action);
-    expect(this->path() == path, QStringLiteral("%1 is shown instead of %2").arg(this->path(), path));
+    waitUntil([this] { return m_loads > 0 && !part(&PageMembers::progressIndicator).isVisible(); },
+              QStringLiteral("the start page"));
+    expect(m_loadOk, QStringLiteral("the start page does not load"));
 }
 
-void Tour::loads(const std::function<bool(const QString &)> &isArrived, const std::function<void()> &action)
+void Tour::loads(const QString &path, const std::function<void()> &action)
+{
+    loads(
+        path, [&path](const QString &arrived) { return arrived == path; }, action);
+}
+
+void Tour::loads(const QString &what, const std::function<bool(const QString &)> &isArrived,
+                 const std::function<void()> &action)
 {
     const int before = m_loads;
     action();
@@ -138,7 +146,7 @@ void Tour::loads(const std::function<bool(const QString &)> &isArrived, const st
             return m_loads > before && !part(&PageMembers::progressIndicator).isVisible() && m_loadOk
                 && isArrived(path());
         },
-        QStringLiteral("the expected page, not %1").arg(path()));
+        what);
 }
 
 void Tour::failsToLoad(const std::function<void()> &action)
@@ -353,8 +361,9 @@ void Tour::reportFailure(const QString &reason)
     QString file;
     if (!m_pictures.isEmpty())
         file = savePicture(QStringLiteral("failed"), m_window.grab().toImage());
-    std::fprintf(stderr, "vantu-tour: after the step \"%s\", on %s: %s%s%s\n", qPrintable(m_step), qPrintable(path()),
-                 qPrintable(reason), file.isEmpty() ? "" : "; see ", qPrintable(file));
+    std::fprintf(stderr, "vantu-tour: after the step \"%s\", on %s: %s%s%s\n", qPrintable(m_step),
+                 qPrintable(path().section(QLatin1Char('?'), 0, 0)), qPrintable(reason), file.isEmpty() ? "" : "; see ",
+                 qPrintable(file));
 }
 
 // Eyes

@@ -57,10 +57,13 @@ public:
     /// page's own title, saves the picture "NN-name.png" of the screen at rest, and prints a line with @p sentence.
     void show(const QString &name, const QString &sentence, const std::vector<Command> &commands);
 
+    /// The companion asks for it by itself.
+    void waitForStartPage();
     /// Does @p action and waits until the page at @p path (below the service's root, query included) has loaded.
     void loads(const QString &path, const std::function<void()> &action);
-    /// The same for any page that @p isArrived accepts.
-    void loads(const std::function<bool(const QString &path)> &isArrived, const std::function<void()> &action);
+    /// The same for any page that @p isArrived accepts; @p what names it in a complaint.
+    void loads(const QString &what, const std::function<bool(const QString &path)> &isArrived,
+               const std::function<void()> &action);
     /// Does @p action and waits until a load has failed.
     void failsToLoad(const std::function<void()> &action);
     /// Does @p action and waits until the service has taken one more of the companion's own posts.
