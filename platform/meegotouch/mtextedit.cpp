@@ -264,6 +264,14 @@ void MTextEdit::showMenu(const QGraphicsSceneContextMenuEvent &event)
     menu->popup(event.screenPos());
 }
 
+QVariant MTextEdit::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    // Hidden with the focus, the editor would hand it on to the next button, which Return then clicks.
+    if (change == ItemVisibleChange && !value.toBool() && hasFocus())
+        m_proxy->clearFocus();
+    return MWidget::itemChange(change, value);
+}
+
 void MTextEdit::showPosition()
 {
     const QScrollBar *bar = m_area->verticalScrollBar();

@@ -1,3 +1,4 @@
+#include "mbutton.h"
 #include "minputmethodstate.h"
 #include "mtextedit.h"
 #include "softwarekeyboard.h"
@@ -193,6 +194,19 @@ private slots:
     }
 
     void aFingerPansAMouseSelects_data() { addFingerKinds(); }
+    void hiddenKeepsNoFocus()
+    {
+        Stage stage;
+        MButton button;
+        stage.put(&button, QRectF(10, 10, 120, 40));
+        MTextEdit *edit = editOn(stage, MTextEditModel::MultiLine);
+        edit->setFocus();
+        edit->hide();
+        QVERIFY(!stage.window.scene()->focusItem());
+        edit->show();
+        QVERIFY(!stage.window.scene()->focusItem());
+    }
+
     void aFingerPansAMouseSelects()
     {
         QFETCH(Finger::Kind, kind);
