@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QTouchEvent>
 #include <QWebFrame>
+#include <QWebPage>
 
 #include <algorithm>
 #include <cstdlib>
@@ -34,18 +35,6 @@ bool isDrag;
 int scrollCount;
 QPointer<QTimer> timer;
 
-/// A page whose scripts open no message boxes: those would be windows of the desktop's, and a page that opens one after
-/// another could not be left.
-class QuietPage : public QWebPage {
-public:
-    using QWebPage::QWebPage;
-
-protected:
-    void javaScriptAlert(QWebFrame *, const QString &) override { }
-    bool javaScriptConfirm(QWebFrame *, const QString &) override { return false; }
-    bool javaScriptPrompt(QWebFrame *, const QString &, const QString &, QString *) override { return false; }
-};
-
 bool isContextMenu(const QEvent *event)
 {
     return event->type() == QEvent::GraphicsSceneContextMenu || event->type() == QEvent::ContextMenu;
@@ -67,6 +56,30 @@ void withMouseEvent(QEvent::Type type, const QGraphicsItem &item, const QPointF 
         event.setButtons(Qt::LeftButton);
     handle(&event);
 }
+
+/// A page that brings nothing of the engine's or the desktop's own on the screen.
+class QuietPage : public QWebPage {
+public:
+    using QWebPage::QWebPage;
+
+    // The engine's message about a failed load is English whatever the player's language, and names addresses and error
+    // numbers. The quit button is the answer.
+    bool supportsExtension(Extension extension) const override
+    {
+        return extension == ErrorPageExtension || QWebPage::supportsExtension(extension);
+    }
+    bool extension(Extension extension, const ExtensionOption *option, ExtensionReturn *output) override
+    {
+        return extension != ErrorPageExtension && QWebPage::extension(extension, option, output);
+    }
+
+protected:
+    // A script's message boxes would be windows of the desktop's, and a page that opens one after another could not be
+    // left.
+    void javaScriptAlert(QWebFrame *, const QString &) override { }
+    bool javaScriptConfirm(QWebFrame *, const QString &) override { return false; }
+    bool javaScriptPrompt(QWebFrame *, const QString &, const QString &, QString *) override { return false; }
+};
 
 } // namespace
 

@@ -96,6 +96,7 @@ void LifecycleTest::failedLoadLeavesAWayOut()
     QVERIFY(!page.btnAdd->isVisible());
     QVERIFY(!page.progressIndicator->isVisible());
     QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Friends"));
+    QCOMPARE(page.webView->page()->mainFrame()->toPlainText(), QString());
 
     portal.service.comeBack();
     portal.loadPage(QStringLiteral("/vantu/games"));
