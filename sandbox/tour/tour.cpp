@@ -30,6 +30,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <memory>
 
 namespace {
 
@@ -340,20 +341,26 @@ void Tour::expect(bool condition, const QString &what) const
 
 void Tour::waitUntil(const std::function<bool()> &condition, const QString &what)
 {
+    if (condition())
+        return;
     const QDeadlineTimer deadline(PATIENCE);
-    while (!condition()) {
-        expect(!deadline.hasExpired(), QStringLiteral("waiting in vain for ") + what);
-        // The application's end ends every loop, so this one must not take a full turn for granted.
-        bool isFullTurn = false;
-        QEventLoop loop;
-        QTimer::singleShot(GLANCE, &loop, [&] {
-            isFullTurn = true;
+    bool isOver = false;
+    bool isMet = false;
+    // One loop for the whole wait: entering another forgets a quit that is on its way.
+    QEventLoop loop;
+    QTimer clock;
+    connect(&clock, &QTimer::timeout, &loop, [&] {
+        isMet = condition();
+        if (isMet || deadline.hasExpired()) {
+            isOver = true;
             loop.quit();
-        });
-        loop.exec();
-        if (!isFullTurn)
-            throw Ended{};
-    }
+        }
+    });
+    clock.start(GLANCE);
+    loop.exec();
+    if (!isOver)
+        throw Ended{}; // The application's end ends every loop.
+    expect(isMet, QStringLiteral("waiting in vain for ") + what);
 }
 
 void Tour::reportFailure(const QString &reason)
@@ -534,12 +541,17 @@ QPointF Tour::reveal(const QString &selector)
 /// From within an event loop of its own, so that what comes of the action is not kept waiting for the tour.
 void Tour::act(const std::function<void()> &action)
 {
-    bool isDone = false;
-    QTimer::singleShot(0, this, [&] {
-        action();
-        isDone = true;
-    });
-    waitUntil([&] { return isDone; }, QStringLiteral("an event to be delivered"));
+    const auto isDone = std::make_shared<bool>(false);
+    const auto done = [isDone] { *isDone = true; };
+    QMetaObject::invokeMethod(
+        this,
+        [this, action, done] {
+            action();
+            // Behind whatever the action has posted, the application's end above all.
+            QMetaObject::invokeMethod(this, done, Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+    waitUntil([&] { return *isDone; }, QStringLiteral("an event to be delivered"));
 }
 
 QString Tour::savePicture(const QString &name, const QImage &image)

@@ -109,6 +109,7 @@ public:
     QStringList recipients() const;
 
     void expect(bool condition, const QString &what) const;
+    /// @p condition is asked every few milliseconds and must not throw.
     void waitUntil(const std::function<bool()> &condition, const QString &what);
 
     /// For a tour that stops: keeps a last picture and says on the error output what failed.
