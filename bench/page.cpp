@@ -56,7 +56,7 @@ void load(QGraphicsWebView &view, const QString &path)
         loop.quit();
     });
     QTimer::singleShot(patience, &loop, &QEventLoop::quit);
-    view.setUrl(QUrl(QLatin1String(VANTU_SERVICE_ROOT) + path));
+    view.setUrl(QUrl(QLatin1String(K_SERVICE_ROOT) + path));
     loop.exec();
     if (!loaded)
         qFatal("%s does not load", qPrintable(path));

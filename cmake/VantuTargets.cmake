@@ -18,6 +18,16 @@ function(vantu_qt_target target)
         QT_DEPRECATED_WARNINGS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
 endfunction()
 
+# What is fixed when the companion is built, as an object file that each executable picks, so that one build tree holds
+# companions of several services.
+#   vantu_deployment(name SERVICE_ROOT LOGIN_FILE)
+function(vantu_deployment name service_root login_file)
+    add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/source/deployment.cpp)
+    vantu_qt_target(${name})
+    target_compile_definitions(${name} PRIVATE VANTU_SERVICE_ROOT="${service_root}" VANTU_LOGIN_FILE="${login_file}")
+    target_link_libraries(${name} PUBLIC vantu_rules)
+endfunction()
+
 # One Qt Test executable. Runs in an empty folder of its own, offscreen, so that tests can run side by side and
 # whatever a test writes under a relative name (the login file) is its own.
 #   vantu_qt_test(tst_name SOURCES file.cpp ... LIBRARIES library ... [DBUS])

@@ -90,43 +90,47 @@ inline constexpr auto TXT_CONNECTION_ERROR = texts<32>(u"Connection Error", u"Er
 inline constexpr auto TXT_SEND_TO = texts<8>(u"To: ", u"À: ", u"An: ", u"A: ", u"Para: ");
 inline constexpr auto TXT_SUBJECT = texts<32>(u"Subject: ", u"Objet: ", u"Betreff: ", u"Oggetto: ", u"Asunto: ");
 
+// clang-format on
+
+/// Scheme and host of the service, without a closing slash. This and the links below are the deployment's: each
+/// executable takes them from the one that it is linked with.
+extern const char K_SERVICE_ROOT[];
+/// The file that keeps the login between runs.
+extern const char K_LOGIN_FILE[];
+
 // The links of the service.
-inline constexpr char K_LINK_LOGIN[256] = VANTU_SERVICE_ROOT "/vantu/login";
-inline constexpr char K_LINK_SEND_MESSAGE[256] = VANTU_SERVICE_ROOT "/vantu/messages/send-message/android_uid/";
-inline constexpr char K_LINK_MESSAGE_SENT[256] = VANTU_SERVICE_ROOT "/vantu/messages/sent/";
-inline constexpr char K_LINK_RECOMMEND_EMAIL[256] = VANTU_SERVICE_ROOT "/vantu/games/recommend-via-mail/id/";
-inline constexpr char K_LINK_ADD_FRIENDS[256] = VANTU_SERVICE_ROOT "/vantu/friends/add-friends/";
-inline constexpr char K_LINK_SHOW_INVITE_MAIL[256] = VANTU_SERVICE_ROOT "/vantu/friends/show-invite-email";
-inline constexpr char K_LINK_SHOW_FRIENDS[256] = VANTU_SERVICE_ROOT "/vantu/friends/?select=yes";
-inline constexpr char K_LINK_MESSAGES_INDEX[256] = VANTU_SERVICE_ROOT "/vantu/messages/index";
-inline constexpr char K_LINK_FRIENDS[256] = VANTU_SERVICE_ROOT "/vantu/friends";
-inline constexpr char K_LINK_GAMES[256] = VANTU_SERVICE_ROOT "/vantu/games";
-inline constexpr char K_LINK_INFO[256] = VANTU_SERVICE_ROOT "/vantu/info/";
-inline constexpr char K_LINK_CHALLENGE[256] = VANTU_SERVICE_ROOT "/vantu/challenges/create-challenge?challenged_user_id=";
-inline constexpr char K_LINK_COMPARE[256] = VANTU_SERVICE_ROOT "/vantu/games/compare/uid/";
-inline constexpr char K_LINK_DELETE_FRIEND[256] = VANTU_SERVICE_ROOT "/vantu/friends/delete-friend/uid/";
-inline constexpr char K_LINK_ADD_FRIEND[256] = VANTU_SERVICE_ROOT "/vantu/account/add-friend/uid/";
-inline constexpr char K_LINK_RATE_FRIEND[256] = VANTU_SERVICE_ROOT "/vantu/friends/evaluate/fid/FRIEND_ID/value/";
-inline constexpr char K_LINK_EDIT_ACCOUNT[256] = VANTU_SERVICE_ROOT "/vantu/account";
-inline constexpr char K_LINK_NOTIFY_TROPHY[256] = VANTU_SERVICE_ROOT "/vantu/index/add-trophy";
-inline constexpr char K_LINK_VANTU_TEMPLATE[512] = VANTU_SERVICE_ROOT
-    "/vantu/?lg=LANG&country=COUNTRY_DETECTED&d=DEVICE_ANDROID&f=FIRMWARE_ANDROID&udid=UDIDPHONE&KVB=KVBGAME"
-    "&username=USER_NAME&pass=PASSWORD&remember_me=AUTOLOGIN&type=MEEGO&width=SCREEN_WIDTH&height=SCREEN_HEIGHT&fb=1";
-inline constexpr char K_LINK_VANTU[256] = VANTU_SERVICE_ROOT "/vantu/";
-inline constexpr char K_LINK_RECOMMEND_TWITTER[256] = VANTU_SERVICE_ROOT "/vantu/games/recommend-via-twitter/id/";
-inline constexpr char K_LINK_RECOMMEND_FACEBOOK[256] = VANTU_SERVICE_ROOT "/vantu/games/show-game/gid/GAMEID/fb_send/yes";
+extern const char K_LINK_LOGIN[256];
+extern const char K_LINK_SEND_MESSAGE[256];
+extern const char K_LINK_MESSAGE_SENT[256];
+extern const char K_LINK_RECOMMEND_EMAIL[256];
+extern const char K_LINK_ADD_FRIENDS[256];
+extern const char K_LINK_SHOW_INVITE_MAIL[256];
+extern const char K_LINK_SHOW_FRIENDS[256];
+extern const char K_LINK_MESSAGES_INDEX[256];
+extern const char K_LINK_FRIENDS[256];
+extern const char K_LINK_GAMES[256];
+extern const char K_LINK_INFO[256];
+extern const char K_LINK_CHALLENGE[256];
+extern const char K_LINK_COMPARE[256];
+extern const char K_LINK_DELETE_FRIEND[256];
+extern const char K_LINK_ADD_FRIEND[256];
+extern const char K_LINK_RATE_FRIEND[256];
+extern const char K_LINK_EDIT_ACCOUNT[256];
+extern const char K_LINK_NOTIFY_TROPHY[256];
+extern const char K_LINK_VANTU_TEMPLATE[512];
+extern const char K_LINK_VANTU[256];
+extern const char K_LINK_RECOMMEND_TWITTER[256];
+extern const char K_LINK_RECOMMEND_FACEBOOK[256];
 
 // Further addresses that the page recognises or builds.
-inline constexpr char K_URL_START_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/?";
-inline constexpr char K_URL_LOGIN_INDEX_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/login/index";
-inline constexpr char K_URL_LOGIN_DELETED_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/login?iDelete=";
-inline constexpr char K_URL_FRIENDS_SLASH[] = VANTU_SERVICE_ROOT "/vantu/friends/";
-inline constexpr char K_URL_FRIENDS_DELETED[] = VANTU_SERVICE_ROOT "/vantu/friends?iDelete";
-inline constexpr char K_URL_FRIENDS_PAGE[] = VANTU_SERVICE_ROOT "/vantu/friends/index/page";
-inline constexpr char K_URL_PROFILE_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/account/index/uid/";
-inline constexpr char K_URL_GAME_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/games/show-game/";
-inline constexpr char K_URL_RECOMMEND_EMAIL_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/games/recommend-via-mail/id";
-inline constexpr char K_URL_TROPHIES_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/games/trophies/gid/";
-inline constexpr char K_URL_TWITTER_SENT_PREFIX[] = VANTU_SERVICE_ROOT "/vantu/games/signal-twitter-send/gid/";
-
-// clang-format on
+extern const char K_URL_START_PREFIX[];
+extern const char K_URL_LOGIN_INDEX_PREFIX[];
+extern const char K_URL_LOGIN_DELETED_PREFIX[];
+extern const char K_URL_FRIENDS_SLASH[];
+extern const char K_URL_FRIENDS_DELETED[];
+extern const char K_URL_FRIENDS_PAGE[];
+extern const char K_URL_PROFILE_PREFIX[];
+extern const char K_URL_GAME_PREFIX[];
+extern const char K_URL_RECOMMEND_EMAIL_PREFIX[];
+extern const char K_URL_TROPHIES_PREFIX[];
+extern const char K_URL_TWITTER_SENT_PREFIX[];

@@ -1,6 +1,7 @@
 #include "loginfile.h"
 
 #include "encode.h"
+#include "globaldefine.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -62,7 +63,7 @@ bool readRecord(QDataStream &in, QString *text)
 
 QString loginFilePath()
 {
-    return QFile::decodeName(VANTU_LOGIN_FILE);
+    return QFile::decodeName(K_LOGIN_FILE);
 }
 
 QByteArray loginRecords(const StoredLogin &login)

@@ -321,7 +321,7 @@ void playRecipient(Tour &tour)
 
 bool answers(const QNetworkProxy &proxy)
 {
-    const QUrl root{QLatin1String(VANTU_SERVICE_ROOT)};
+    const QUrl root{QLatin1String(K_SERVICE_ROOT)};
     const bool isDirect = proxy.type() != QNetworkProxy::HttpProxy;
     QTcpSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);

@@ -287,7 +287,7 @@ void Tour::waitForDialog()
 QString Tour::path() const
 {
     const QString url = part(&PageMembers::webView).page()->mainFrame()->url().toString();
-    const QLatin1String root(VANTU_SERVICE_ROOT);
+    const QLatin1String root(K_SERVICE_ROOT);
     return url.startsWith(root) ? url.mid(root.size()) : url;
 }
 

@@ -85,7 +85,7 @@ void ChromeRulesTest::commandsOfEachPage()
 {
     QFETCH(QString, path);
     QFETCH(QString, commands);
-    const QString shown = names(chromeFor(QLatin1String(VANTU_SERVICE_ROOT) + path, Normal));
+    const QString shown = names(chromeFor(QLatin1String(K_SERVICE_ROOT) + path, Normal));
     QCOMPARE(shown, (QLatin1String("tabs ") + commands).trimmed());
 }
 

@@ -35,7 +35,7 @@ void NavigationRulesTest::backLeadsUpOneLevel()
 {
     QFETCH(QString, path);
     QFETCH(QString, target);
-    const QString root = QLatin1String(VANTU_SERVICE_ROOT);
+    const QString root = QLatin1String(K_SERVICE_ROOT);
     QCOMPARE(backTarget(root + path, QStringLiteral("42")), target.isEmpty() ? QString() : root + target);
 }
 

@@ -44,7 +44,7 @@ void ServiceRequestsTest::startUrlCarriesEverything()
     values.password = QStringLiteral("pw1");
     values.rememberMe = true;
     QCOMPARE(startUrl(values),
-             QLatin1String(VANTU_SERVICE_ROOT)
+             QLatin1String(K_SERVICE_ROOT)
                  + QLatin1String("/vantu/?lg=DE&country=AT&d=Slate 3&f=12.9&udid=0a1b&KVB=-3&username=alice&pass=pw1"
                                  "&remember_me=1&type=MEEGO&width=480&height=854&fb=1"));
     QVERIFY(startUrl({}).endsWith(QLatin1String("&d=&f=&udid=&KVB=0&username=&pass=&remember_me=0&type=MEEGO&width=480"
@@ -117,8 +117,7 @@ void ServiceRequestsTest::postAddresses()
 {
     const QString game = QStringLiteral("7");
     const QString user = QStringLiteral("p12");
-    const auto path
-        = [](const QUrl &url) { return url.toString().mid(static_cast<int>(sizeof VANTU_SERVICE_ROOT) - 1); };
+    const auto path = [](const QUrl &url) { return url.toString().mid(QLatin1String(K_SERVICE_ROOT).size()); };
     QCOMPARE(path(messageUrl(game, user)), QStringLiteral("/vantu/messages/send-message/android_uid/7p12"));
     QCOMPARE(path(invitationUrl(game, user)), QStringLiteral("/vantu/games/recommend-via-mail/id/7/android_uid/p12"));
     QCOMPARE(path(trophyUrl(QString(), user, 7)), QStringLiteral("/vantu/index/add-trophy/android_uid/p12/kvb_game/7"));

@@ -104,9 +104,8 @@ private slots:
         const Companion companion({game, language});
         QVERIFY(requestsStartPage(service));
         const QString expected
-            = QStringLiteral(VANTU_SERVICE_ROOT "/vantu/[?]lg=%1&country=[A-Z]*&d=[^&]*&f=[^&]*&udid=[^&]*"
-                                                "&KVB=%2&username=&pass=&remember_me=0&type=MEEGO"
-                                                "&width=480&height=854&fb=1")
+            = QStringLiteral("http://vantu.test/vantu/[?]lg=%1&country=[A-Z]*&d=[^&]*&f=[^&]*&udid=[^&]*"
+                             "&KVB=%2&username=&pass=&remember_me=0&type=MEEGO&width=480&height=854&fb=1")
                   .arg(sentLanguage, sentGame);
         const QString url = service.urls().first();
         const QRegularExpression whole(QRegularExpression::anchoredPattern(expected));

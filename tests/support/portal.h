@@ -51,7 +51,7 @@ struct Portal {
 
     QString shownUrl() const { return page->webView->url().toString(); }
 
-    static QString url(const QString &path) { return QLatin1String(VANTU_SERVICE_ROOT) + path; }
+    static QString url(const QString &path) { return QLatin1String(K_SERVICE_ROOT) + path; }
 
     TestService service;
     MApplicationWindow window;

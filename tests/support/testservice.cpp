@@ -66,7 +66,7 @@ TestService::~TestService()
 
 void TestService::answer(const QString &path, const Answer &answer)
 {
-    answerUrl(QLatin1String(VANTU_SERVICE_ROOT) + path, answer);
+    answerUrl(QLatin1String(K_SERVICE_ROOT) + path, answer);
 }
 
 void TestService::answerUrl(const QString &url, const Answer &answer)
