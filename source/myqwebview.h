@@ -37,6 +37,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void initDrag();
+    void forgetDrag();
     void touchEvent(QTouchEvent *event);
     void followFinger(const QTouchEvent *event);
     void scrollPage(int x, int y);
