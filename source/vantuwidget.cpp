@@ -35,6 +35,7 @@ VantuPage::VantuPage(QGraphicsItem *parent)
 {
     setPannable(false);
     initUI();
+    connectUI();
     readUserLogin();
 
     StartValues values;
@@ -53,6 +54,22 @@ VantuPage::VantuPage(QGraphicsItem *parent)
 
     nwAccessMgr = new QNetworkAccessManager;
     nwAccessMgr->setAutoDeleteReplies(true);
+}
+
+void VantuPage::connectUI()
+{
+    connect(selectButtons, QOverload<int>::of(&MButtonGroup::buttonClicked), this, &VantuPage::on_SelectButtonClicked);
+    connect(toggleButtons, QOverload<int>::of(&MButtonGroup::buttonClicked), this, &VantuPage::on_ToggleButtonClicked);
+    connect(webView, &QGraphicsWebView::loadStarted, this, &VantuPage::on_pageLoadStarted);
+    connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
+    connect(webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this,
+            &VantuPage::attachObjectToJS);
+    attachObjectToJS();
+    connect(addrWidget, &AddressWidget::btnAddressClicked, this, &VantuPage::on_btnAddAddressClicked);
+    connect(&popupRecommend, &MPopupList::clicked, this, &VantuPage::on_UserRecommend);
+    // One slot serves both lists: it tells the rows apart by their texts.
+    connect(&popupRate, &MPopupList::clicked, this, &VantuPage::on_UserInteract);
+    connect(&popupInteract, &MPopupList::clicked, this, &VantuPage::on_UserInteract);
 }
 
 VantuPage::~VantuPage()

@@ -7,6 +7,7 @@
 
 #include <QModelIndex>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QString>
 #include <QStringListModel>
 #include <QUrl>
@@ -172,6 +173,7 @@ private:
     void initComposer();
     void initFooter();
     void initPopups();
+    void connectUI();
 
     void enterState(VantuState newState);
     void restoreWebView();
@@ -198,6 +200,9 @@ private:
     void warn(const QString &text);
 
     bool isFinishingLoad = false;
+    /// Counts a slot that loads or disturbs the web page, for as long as what it returns lives.
+    [[nodiscard]] QScopedValueRollback<int> enterSlot() { return QScopedValueRollback<int>(slotDepth, slotDepth + 1); }
+
     int slotDepth = 0; ///< how many of the slots that load or disturb the web page are running inside each other
     QPointer<MMessageBox> warning; ///< the latest one
 };

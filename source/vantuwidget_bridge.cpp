@@ -7,6 +7,8 @@
 
 #include "mlabel.h"
 
+#include <QNetworkAccessManager>
+#include <QNetworkRequest>
 #include <QWebFrame>
 #include <QWebPage>
 
@@ -115,4 +117,9 @@ void VantuPage::getPassword(QString html)
 void VantuPage::getAutoLogin(QString html)
 {
     _rememberMe = html;
+}
+
+void VantuPage::post(const QUrl &url, const QByteArray &body)
+{
+    nwAccessMgr->post(QNetworkRequest(url), body);
 }

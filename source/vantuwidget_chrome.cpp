@@ -4,8 +4,24 @@
 #include "mybutton.h"
 #include "myqwebview.h"
 
+#include "mbutton.h"
+
 #include <QWebFrame>
 #include <QWebPage>
+
+void VantuPage::setButtonVisible(bool visible)
+{
+    btnBack->setVisible(visible);
+    btnInfo->setVisible(visible);
+    btnQuit->setVisible(visible);
+    btnNewMessage->setVisible(visible);
+    btnRecommend->setVisible(visible);
+    btnInteract->setVisible(visible);
+    btnAdd->setVisible(visible);
+    btnEdit->setVisible(visible);
+    btnCancel->setVisible(visible);
+    btnSend->setVisible(visible);
+}
 
 void VantuPage::updateButtonVisible()
 {

@@ -2,6 +2,7 @@
 
 #include "addresswidget.h"
 #include "globaldefine.h"
+#include "interactrules.h"
 #include "mainwindow.h"
 #include "MyDbusService.h"
 #include "myqwebview.h"
@@ -14,13 +15,12 @@
 
 #include <iterator>
 #include <QCoreApplication>
-#include <QScopedValueRollback>
 #include <QWebHistory>
 #include <QWebPage>
 
 void VantuPage::on_ToggleButtonClicked(int buttonId)
 {
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const auto slot = enterSlot();
     static constexpr const char *SECTIONS[] = {K_LINK_VANTU, K_LINK_MESSAGES_INDEX, K_LINK_FRIENDS, K_LINK_GAMES};
     if (buttonId < 0 || buttonId >= static_cast<int>(std::size(SECTIONS)))
         return;
@@ -30,7 +30,7 @@ void VantuPage::on_ToggleButtonClicked(int buttonId)
 
 void VantuPage::on_SelectButtonClicked(int buttonId)
 {
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const auto slot = enterSlot();
     switch (buttonId) {
     case 0:
         goBack();
@@ -114,37 +114,39 @@ void VantuPage::warn(const QString &text)
 void VantuPage::showInteractPopup()
 {
     popupInteract.setTitle(localized(TXT_INTERACT));
-    QStringList rows{localized(TXT_SEND_MESSAGE), _isFriend ? localized(TXT_DELETE_FRIEND) : localized(TXT_ADD_FRIEND)};
-    if (_showRate)
-        rows << localized(TXT_RATE);
-    rows << localized(TXT_COMPARE_GAMES);
-    mdlInteractModel.setStringList(rows);
+    mdlInteractModel.setStringList(interactRows(_isFriend, _showRate));
     popupInteract.setItemModel(&mdlInteractModel);
     popupInteract.appear(MSceneWindow::KeepWhenDone);
 }
 
 void VantuPage::on_UserInteract(QModelIndex index)
 {
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
-    const QString row = index.data(Qt::DisplayRole).toString();
-    const auto names = [&row](const auto &table) { return row.contains(localized(table)); };
-    // The order decides where one text holds another: the German thumbs down holds the thumbs up, and deliberately
-    // sends its value.
-    if (names(TXT_SEND_MESSAGE)) {
+    const auto slot = enterSlot();
+    switch (interactActionFor(index.data(Qt::DisplayRole).toString())) {
+    case InteractAction::SendMessage:
         openSendMessagePage();
         addrWidget->addNewUIDAddress(_currentUserName, _currentUserUid);
-    } else if (names(TXT_DELETE_FRIEND)) {
+        break;
+    case InteractAction::DeleteFriend:
         load(QUrl(QLatin1String(K_LINK_DELETE_FRIEND) + _currentUserUid));
-    } else if (names(TXT_ADD_FRIEND)) {
+        break;
+    case InteractAction::AddFriend:
         load(QUrl(QLatin1String(K_LINK_ADD_FRIEND) + _currentUserUid));
-    } else if (names(TXT_RATE)) {
+        break;
+    case InteractAction::Rate:
         popupRate.appear(MSceneWindow::KeepWhenDone);
-    } else if (names(TXT_RATE_UP)) {
+        break;
+    case InteractAction::RateUp:
         load(rateUrl(_currentUserUid, 1));
-    } else if (names(TXT_RATE_DOWN)) {
+        break;
+    case InteractAction::RateDown:
         load(rateUrl(_currentUserUid, 0));
-    } else if (names(TXT_COMPARE_GAMES)) {
+        break;
+    case InteractAction::Compare:
         load(QUrl(QLatin1String(K_LINK_COMPARE) + _currentUserUid));
+        break;
+    case InteractAction::None:
+        break;
     }
     popupRate.clearFocus();
     popupInteract.clearFocus();
@@ -152,7 +154,7 @@ void VantuPage::on_UserInteract(QModelIndex index)
 
 void VantuPage::on_UserRecommend(QModelIndex index)
 {
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const auto slot = enterSlot();
     switch (index.row()) {
     case 0:
         openSendEmailPage();

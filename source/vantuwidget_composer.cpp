@@ -10,10 +10,6 @@
 #include "mlabel.h"
 #include "mtextedit.h"
 
-#include <QNetworkAccessManager>
-#include <QNetworkRequest>
-#include <QScopedValueRollback>
-
 void VantuPage::enterState(VantuState newState)
 {
     lastState = state;
@@ -66,7 +62,7 @@ void VantuPage::on_btnAddAddressClicked()
 {
     if (state != SendMessageState)
         return;
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const auto slot = enterSlot();
     addrWidget->hide();
     txtMessage->hide();
     btnSend->hide();
@@ -117,9 +113,4 @@ void VantuPage::closeSendEmailPage()
 void VantuPage::doSendEmail()
 {
     post(invitationUrl(recommendGameId, userID), invitationBody(addrWidget->getAllAddress()));
-}
-
-void VantuPage::post(const QUrl &url, const QByteArray &body)
-{
-    nwAccessMgr->post(QNetworkRequest(url), body);
 }

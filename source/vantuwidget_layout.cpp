@@ -66,7 +66,6 @@ void VantuPage::initHeader()
     place(btnCancel = new MButton(localized(TXT_VANTU_CANCEL)), 7, QRectF(width - 130, 10, 120, 40));
     place(btnSend = new MButton(localized(TXT_SEND)), 8, QRectF(10, 10, 120, 40));
     place(btnEdit = new SelectButton(28, 29, 0), 9, QRectF(width - 90, 10, 80, 35));
-    connect(selectButtons, QOverload<int>::of(&MButtonGroup::buttonClicked), this, &VantuPage::on_SelectButtonClicked);
 }
 
 void VantuPage::initWebView()
@@ -85,12 +84,6 @@ void VantuPage::initWebView()
     // A service that takes a request and then says nothing must not keep the player in a page without commands.
     webView->page()->networkAccessManager()->setTransferTimeout();
     mainPolicy->addItemAtGeometry(webView, webViewRect());
-
-    connect(webView, &QGraphicsWebView::loadStarted, this, &VantuPage::on_pageLoadStarted);
-    connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
-    connect(webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this,
-            &VantuPage::attachObjectToJS);
-    attachObjectToJS();
 }
 
 void VantuPage::initComposer()
@@ -102,7 +95,6 @@ void VantuPage::initComposer()
 
     addrWidget = new AddressWidget;
     mainPolicy->addItemAtGeometry(addrWidget, QRectF(10, 65, width - 20, 170));
-    connect(addrWidget, &AddressWidget::btnAddressClicked, this, &VantuPage::on_btnAddAddressClicked);
     addrWidget->hide();
 
     lblSubject = new MLabel;
@@ -131,7 +123,6 @@ void VantuPage::initFooter()
     place(btnInbox = new ToggleButton(14), 1);
     place(btnFriend = new ToggleButton(11), 2);
     place(btnGame = new ToggleButton(12), 3);
-    connect(toggleButtons, QOverload<int>::of(&MButtonGroup::buttonClicked), this, &VantuPage::on_ToggleButtonClicked);
     btnHome->setChecked(true);
     // The destructor leaves it out of its list; this way it goes with the page. A child of the page's own would be in
     // the reach of scripts.
@@ -140,11 +131,6 @@ void VantuPage::initFooter()
 
 void VantuPage::initPopups()
 {
-    connect(&popupRecommend, &MPopupList::clicked, this, &VantuPage::on_UserRecommend);
-    // One slot serves both lists: it tells the rows apart by their texts.
-    connect(&popupRate, &MPopupList::clicked, this, &VantuPage::on_UserInteract);
-    connect(&popupInteract, &MPopupList::clicked, this, &VantuPage::on_UserInteract);
-
     mdlRecommendModel.setStringList({localized(TXT_EMAIL), QStringLiteral("Twitter"), QStringLiteral("Facebook")});
     popupRecommend.setTitle(localized(TXT_RECOMMEND_VIA));
     popupRecommend.setItemModel(&mdlRecommendModel);
@@ -153,18 +139,15 @@ void VantuPage::initPopups()
     popupRate.setItemModel(&mdlRate);
 }
 
-void VantuPage::setButtonVisible(bool visible)
+QString VantuPage::currentUrl() const
 {
-    btnBack->setVisible(visible);
-    btnInfo->setVisible(visible);
-    btnQuit->setVisible(visible);
-    btnNewMessage->setVisible(visible);
-    btnRecommend->setVisible(visible);
-    btnInteract->setVisible(visible);
-    btnAdd->setVisible(visible);
-    btnEdit->setVisible(visible);
-    btnCancel->setVisible(visible);
-    btnSend->setVisible(visible);
+    const QWebFrame *frame = webView->page()->mainFrame();
+    return frame ? frame->url().toString() : QString();
+}
+
+QRectF VantuPage::webViewRect() const
+{
+    return QRectF(0, 60, g_nScreenWidth, g_nScreenHeight - 150);
 }
 
 void VantuPage::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)

@@ -20,17 +20,6 @@
 bool onErrorPage = false;
 bool onTwitterPage = false;
 
-QString VantuPage::currentUrl() const
-{
-    const QWebFrame *frame = webView->page()->mainFrame();
-    return frame ? frame->url().toString() : QString();
-}
-
-QRectF VantuPage::webViewRect() const
-{
-    return QRectF(0, 60, g_nScreenWidth, g_nScreenHeight - 150);
-}
-
 void VantuPage::load(const QUrl &url)
 {
     // A script's call comes from no sender, or from inside another slot.
@@ -53,7 +42,7 @@ void VantuPage::setJavaScript(bool on)
 
 void VantuPage::on_pageLoadStarted()
 {
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const auto slot = enterSlot();
     const QString url = currentUrl();
     progressIndicator->show();
     MInputMethodState::closeSoftwareInputPanel();
@@ -92,7 +81,7 @@ void VantuPage::on_pageLoadFinished(bool ok)
     if (isFinishingLoad)
         return;
     const QScopedValueRollback<bool> guard(isFinishingLoad, true);
-    const QScopedValueRollback<int> depth(slotDepth, slotDepth + 1);
+    const auto slot = enterSlot();
 
     const QString url = currentUrl();
     lastState = state;
