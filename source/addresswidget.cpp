@@ -23,8 +23,6 @@ constexpr qreal K_RECIPIENT_HEIGHT = 40;
 constexpr int K_CHARACTER_WIDTH = 18;
 constexpr int K_RECIPIENT_PADDING = 20;
 
-constexpr int K_ADD_IMAGE = 1;
-
 } // namespace
 
 AddressWidget::AddressWidget()
@@ -40,7 +38,7 @@ AddressWidget::AddressWidget()
     lblTo = new MLabel(localized(TXT_SEND_TO));
     lblTo->setPreferredSize(K_CAPTION_WIDTH, K_LINE_HEIGHT);
     m_policy->addItem(lblTo);
-    btnAdd = new SelectButton(K_ADD_IMAGE, K_ADD_IMAGE, -1);
+    btnAdd = new SelectButton(AddNewImage, AddNewImage, SelectButton::NoCaption);
     btnAdd->setPreferredSize(K_LINE_HEIGHT, K_LINE_HEIGHT);
     m_policy->addItem(btnAdd);
     connect(btnAdd, &MButton::clicked, this, &AddressWidget::on_btnNewAddressClicked);

@@ -2,9 +2,6 @@
 
 #include "globaldefine.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
 
 enum class Test {
@@ -15,30 +12,37 @@ enum class Test {
 };
 
 struct UrlTest {
+    Command command;
     Test test;
     const char *text;
 };
 
 // The mix of tests that heed and tests that ignore letter case is deliberate, as is the service root's part in each.
-constexpr UrlTest INFO[] = {{Test::Equals, K_LINK_VANTU}};
-constexpr UrlTest QUIT[] = {{Test::Equals, K_LINK_VANTU},
-                            {Test::StartsWith, K_URL_START_PREFIX},
-                            {Test::Equals, K_LINK_LOGIN},
-                            {Test::StartsWith, K_URL_LOGIN_INDEX_PREFIX},
-                            {Test::StartsWith, K_URL_LOGIN_DELETED_PREFIX}};
-constexpr UrlTest NEW_MESSAGE[] = {{Test::Contains, K_LINK_MESSAGES_INDEX}};
-constexpr UrlTest NO_BACK[] = {{Test::Equals, K_LINK_VANTU},   {Test::StartsWith, K_URL_START_PREFIX},
-                               {Test::Equals, K_LINK_FRIENDS}, {Test::Equals, K_LINK_MESSAGES_INDEX},
-                               {Test::Equals, K_LINK_GAMES},   {Test::Equals, K_LINK_RECOMMEND_EMAIL},
-                               {Test::Contains, K_LINK_LOGIN}};
-constexpr UrlTest EDIT[] = {{Test::Equals, K_LINK_EDIT_ACCOUNT}};
-constexpr UrlTest ADD[] = {{Test::Equals, K_LINK_FRIENDS},
-                           {Test::Equals, K_URL_FRIENDS_SLASH},
-                           {Test::Contains, K_URL_FRIENDS_DELETED},
-                           {Test::Contains, K_URL_FRIENDS_PAGE}};
-constexpr UrlTest INTERACT[] = {{Test::StartsWithIgnoringCase, K_URL_PROFILE_PREFIX}};
-constexpr UrlTest RECOMMEND[]
-    = {{Test::StartsWith, K_URL_GAME_PREFIX}, {Test::StartsWith, K_URL_RECOMMEND_EMAIL_PREFIX}};
+// Any test that passes shows its command, or hides it if that is Back, which every other address allows.
+constexpr UrlTest RULES[] = {
+    {Command::Info, Test::Equals, K_LINK_VANTU},
+    {Command::Quit, Test::Equals, K_LINK_VANTU},
+    {Command::Quit, Test::StartsWith, K_URL_START_PREFIX},
+    {Command::Quit, Test::Equals, K_LINK_LOGIN},
+    {Command::Quit, Test::StartsWith, K_URL_LOGIN_INDEX_PREFIX},
+    {Command::Quit, Test::StartsWith, K_URL_LOGIN_DELETED_PREFIX},
+    {Command::NewMessage, Test::Contains, K_LINK_MESSAGES_INDEX},
+    {Command::Edit, Test::Equals, K_LINK_EDIT_ACCOUNT},
+    {Command::Add, Test::Equals, K_LINK_FRIENDS},
+    {Command::Add, Test::Equals, K_URL_FRIENDS_SLASH},
+    {Command::Add, Test::Contains, K_URL_FRIENDS_DELETED},
+    {Command::Add, Test::Contains, K_URL_FRIENDS_PAGE},
+    {Command::Interact, Test::StartsWithIgnoringCase, K_URL_PROFILE_PREFIX},
+    {Command::Recommend, Test::StartsWith, K_URL_GAME_PREFIX},
+    {Command::Recommend, Test::StartsWith, K_URL_RECOMMEND_EMAIL_PREFIX},
+    {Command::Back, Test::Equals, K_LINK_VANTU},
+    {Command::Back, Test::StartsWith, K_URL_START_PREFIX},
+    {Command::Back, Test::Equals, K_LINK_FRIENDS},
+    {Command::Back, Test::Equals, K_LINK_MESSAGES_INDEX},
+    {Command::Back, Test::Equals, K_LINK_GAMES},
+    {Command::Back, Test::Equals, K_LINK_RECOMMEND_EMAIL},
+    {Command::Back, Test::Contains, K_LINK_LOGIN},
+};
 
 bool passes(const QString &url, const UrlTest &rule)
 {
@@ -56,26 +60,22 @@ bool passes(const QString &url, const UrlTest &rule)
     return false;
 }
 
-template <std::size_t Count> bool passesAny(const QString &url, const UrlTest (&rules)[Count])
-{
-    return std::any_of(std::begin(rules), std::end(rules), [&url](const UrlTest &rule) { return passes(url, rule); });
-}
-
 } // namespace
 
 ChromeVisibility chromeFor(const QString &url, VantuState state)
 {
-    const bool normal = state == Normal;
     ChromeVisibility chrome;
+    const auto set
+        = [&chrome](Command command, bool visible) { chrome.commands.set(static_cast<std::size_t>(command), visible); };
+    const bool normal = state == Normal;
     chrome.tabs = normal;
-    chrome.cancelAndSend = !normal;
-    chrome.info = normal && passesAny(url, INFO);
-    chrome.quit = normal && passesAny(url, QUIT);
-    chrome.newMessage = normal && passesAny(url, NEW_MESSAGE);
-    chrome.back = normal && !passesAny(url, NO_BACK);
-    chrome.edit = passesAny(url, EDIT); // Deliberately whatever the state: it shows over a composer too.
-    chrome.add = normal && passesAny(url, ADD);
-    chrome.interact = normal && passesAny(url, INTERACT);
-    chrome.recommend = normal && passesAny(url, RECOMMEND);
+    set(Command::Back, normal);
+    set(Command::Cancel, !normal);
+    set(Command::Send, !normal);
+    for (const UrlTest &rule : RULES) {
+        // Edit is shown deliberately whatever the state: over a composer too.
+        if ((normal || rule.command == Command::Edit) && passes(url, rule))
+            set(rule.command, rule.command != Command::Back);
+    }
     return chrome;
 }

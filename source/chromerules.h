@@ -4,18 +4,21 @@
 
 #include <QString>
 
+#include <bitset>
+
+/// The header's commands, in the order of their button ids.
+enum class Command { Back, Info, Quit, NewMessage, Recommend, Interact, Add, Cancel, Send, Edit };
+inline constexpr std::size_t K_COMMAND_COUNT = 10;
+
+/// The footer's tabs, in the order of their button ids.
+enum class Tab { Home, Inbox, Friends, Games };
+
 /// Which parts of the native chrome one page of the service allows.
 struct ChromeVisibility {
-    bool tabs = false; ///< the four footer tabs
-    bool cancelAndSend = false;
-    bool info = false;
-    bool quit = false;
-    bool newMessage = false;
-    bool back = false;
-    bool edit = false;
-    bool add = false;
-    bool interact = false;
-    bool recommend = false;
+    bool tabs = false; ///< all four or none
+    std::bitset<K_COMMAND_COUNT> commands; ///< a bit for each command's id
+
+    bool shows(Command command) const { return commands[static_cast<std::size_t>(command)]; }
 };
 
 /// Decides the chrome from the page's state and the full URL on display. A URL that no rule knows, one of another

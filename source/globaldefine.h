@@ -20,8 +20,41 @@ extern int g_nScreenHeight;
 /// Zoom of the web view: pages are designed 320 CSS pixels wide.
 extern float g_ZoomFactor;
 
-/// Base names of the compiled-in images, without extension; the row number is the image id.
-inline constexpr int K_IMAGE_COUNT = 30;
+/// The compiled-in images.
+enum ImageId {
+    AddImage,
+    AddNewImage,
+    AddPressedImage,
+    BackImage,
+    BackButtonImage,
+    BackButtonPressedImage,
+    BackPressedImage,
+    BadgeImage,
+    BlueBadgeImage,
+    CloseImage,
+    ClosePressedImage,
+    FriendsImage,
+    GamesImage,
+    HomeImage,
+    InboxImage,
+    NewMessageImage,
+    NewMessagePressedImage,
+    InfoImage,
+    InfoPressedImage,
+    InteractImage,
+    InteractPressedImage,
+    LoadingImage,
+    RecommendImage,
+    RecommendPressedImage,
+    SelectedImage,
+    SelectedCheckImage,
+    SendImage,
+    UnselectedImage,
+    ButtonImage,
+    ButtonPressedImage,
+};
+inline constexpr int K_IMAGE_COUNT = ButtonPressedImage + 1;
+/// Base names of their files, without extension; the row number is the image id.
 extern char k_imgName[K_IMAGE_COUNT][20];
 
 inline constexpr int K_LANGUAGE_COUNT = 5;

@@ -16,16 +16,6 @@ constexpr qreal K_CAPTION_MARGIN = 4;
 constexpr qreal K_TAB_CAPTION_MARGIN = 8; // keeps it on the background, which is narrower than the tab
 constexpr int K_NARROWEST = 70; // percent of a letter's width
 
-enum ImageId {
-    BadgeImage = 7,
-    FriendsImage = 11,
-    GamesImage = 12,
-    HomeImage = 13,
-    InboxImage = 14,
-    SelectedImage = 24,
-    UnselectedImage = 27,
-};
-
 void setCaptionStyle(QPainter *painter, int pixelSize)
 {
     QFont font;
@@ -54,9 +44,9 @@ void drawFitted(QPainter *painter, const QRectF &area, qreal margin, int alignme
 QString commandCaption(int textIdx)
 {
     switch (textIdx) {
-    case 0:
+    case SelectButton::EditCaption:
         return localized(TXT_EDIT);
-    case 1:
+    case SelectButton::BackCaption:
         return localized(TXT_BACK);
     default:
         return QString();

@@ -7,8 +7,11 @@ class SelectButton : public MButton {
     Q_OBJECT
 
 public:
-    /// \a buttonIdx and \a buttonIdxClicked are the image ids of the two bitmaps; one that has no image draws none.
-    /// \a textIdx 0 puts the text "edit" on it, 1 "back", anything else nothing.
+    /// Values of textIdx; any other is as good as none.
+    enum Caption { NoCaption = -1, EditCaption = 0, BackCaption = 1 };
+
+    /// @p buttonIdx and @p buttonIdxClicked are the image ids of the two bitmaps; one that has no image draws none.
+    /// @p textIdx is the text on it.
     ///
     /// The last two arguments are deliberately not used: a button is placed by adding it to a layout.
     SelectButton(int buttonIdx, int buttonIdxClicked, int textIdx, QGraphicsItem *parent = nullptr,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chromerules.h"
 #include "vantustate.h"
 
 #include "mapplicationpage.h"
@@ -52,6 +53,9 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
+    /// The page's own buttons.
+    MButton *button(Command command) const;
+    MButton *button(Tab tab) const;
     /// Shows or hides all ten header buttons at once.
     void setButtonVisible(bool visible);
     /// Shows exactly the commands and tabs that the state and the URL on display allow.

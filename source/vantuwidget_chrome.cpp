@@ -9,18 +9,23 @@
 #include <QWebFrame>
 #include <QWebPage>
 
+namespace {
+
+// The orders in which the buttons appear and go.
+constexpr Command ALL_COMMANDS[]
+    = {Command::Back,     Command::Info, Command::Quit, Command::NewMessage, Command::Recommend,
+       Command::Interact, Command::Add,  Command::Edit, Command::Cancel,     Command::Send};
+constexpr Command RULED_COMMANDS[]
+    = {Command::Cancel, Command::Send, Command::Info, Command::Quit,     Command::NewMessage,
+       Command::Back,   Command::Edit, Command::Add,  Command::Interact, Command::Recommend};
+constexpr Tab TABS[] = {Tab::Home, Tab::Games, Tab::Inbox, Tab::Friends};
+
+} // namespace
+
 void VantuPage::setButtonVisible(bool visible)
 {
-    btnBack->setVisible(visible);
-    btnInfo->setVisible(visible);
-    btnQuit->setVisible(visible);
-    btnNewMessage->setVisible(visible);
-    btnRecommend->setVisible(visible);
-    btnInteract->setVisible(visible);
-    btnAdd->setVisible(visible);
-    btnEdit->setVisible(visible);
-    btnCancel->setVisible(visible);
-    btnSend->setVisible(visible);
+    for (const Command command : ALL_COMMANDS)
+        button(command)->setVisible(visible);
 }
 
 void VantuPage::updateButtonVisible()
@@ -28,18 +33,8 @@ void VantuPage::updateButtonVisible()
     if (!webView->page()->mainFrame())
         return;
     const ChromeVisibility chrome = chromeFor(currentUrl(), state);
-    btnHome->setVisible(chrome.tabs);
-    btnGame->setVisible(chrome.tabs);
-    btnInbox->setVisible(chrome.tabs);
-    btnFriend->setVisible(chrome.tabs);
-    btnCancel->setVisible(chrome.cancelAndSend);
-    btnSend->setVisible(chrome.cancelAndSend);
-    btnInfo->setVisible(chrome.info);
-    btnQuit->setVisible(chrome.quit);
-    btnNewMessage->setVisible(chrome.newMessage);
-    btnBack->setVisible(chrome.back);
-    btnEdit->setVisible(chrome.edit);
-    btnAdd->setVisible(chrome.add);
-    btnInteract->setVisible(chrome.interact);
-    btnRecommend->setVisible(chrome.recommend);
+    for (const Tab tab : TABS)
+        button(tab)->setVisible(chrome.tabs);
+    for (const Command command : RULED_COMMANDS)
+        button(command)->setVisible(chrome.shows(command));
 }

@@ -31,42 +31,40 @@ void VantuPage::on_ToggleButtonClicked(int buttonId)
 void VantuPage::on_SelectButtonClicked(int buttonId)
 {
     const auto slot = enterSlot();
-    switch (buttonId) {
-    case 0:
+    switch (static_cast<Command>(buttonId)) {
+    case Command::Back:
         goBack();
         break;
-    case 1:
+    case Command::Info:
         load(QUrl(QLatin1String(K_LINK_INFO)));
         break;
-    case 2:
+    case Command::Quit:
         quitToGame();
         break;
-    case 3:
+    case Command::NewMessage:
         openSendMessagePage();
         break;
-    case 4:
+    case Command::Recommend:
         popupRecommend.appear(MSceneWindow::KeepWhenDone);
         break;
-    case 5:
+    case Command::Interact:
         showInteractPopup();
         break;
-    case 6:
+    case Command::Add:
         load(QUrl(QLatin1String(K_LINK_ADD_FRIENDS)));
         break;
-    case 7:
+    case Command::Cancel:
         MInputMethodState::closeSoftwareInputPanel();
         if (state == SendMessageState)
             closeSendMessagePage();
         else if (state == SendEmailState)
             closeSendEmailPage();
         break;
-    case 8:
+    case Command::Send:
         validateAndSend();
         break;
-    case 9:
+    case Command::Edit:
         load(QUrl(QLatin1String(K_LINK_EDIT_ACCOUNT) + QLatin1String("/edit")));
-        break;
-    default:
         break;
     }
 }

@@ -50,22 +50,30 @@ void VantuPage::initHeader()
 
     selectButtons = new MButtonGroup;
     const int width = g_nScreenWidth;
-    const auto place = [this](MButton *button, int id, const QRectF &rect) {
+    const auto place = [this](MButton *button, Command command, const QRectF &rect) {
         button->setVisible(button == btnQuit);
         mainPolicy->addItemAtGeometry(button, rect);
-        selectButtons->addButton(button, id);
+        selectButtons->addButton(button, static_cast<int>(command));
     };
     // Several buttons share a place on purpose: no page shows two of them.
-    place(btnBack = new SelectButton(4, 5, 1), 0, QRectF(10, 10, 59, 33));
-    place(btnInfo = new SelectButton(17, 18, -1), 1, QRectF(10, 10, 40, 40));
-    place(btnQuit = new SelectButton(3, 6, -1), 2, QRectF(width - 70, 10, 60, 35));
-    place(btnNewMessage = new SelectButton(15, 16, -1), 3, QRectF(width - 41, 10, 31, 30));
-    place(btnRecommend = new SelectButton(22, 23, -1), 4, QRectF(width - 49, 10, 39, 30));
-    place(btnInteract = new SelectButton(19, 20, -1), 5, QRectF(width - 50, 10, 40, 30));
-    place(btnAdd = new SelectButton(0, 2, -1), 6, QRectF(width - 41, 10, 31, 30));
-    place(btnCancel = new MButton(localized(TXT_VANTU_CANCEL)), 7, QRectF(width - 130, 10, 120, 40));
-    place(btnSend = new MButton(localized(TXT_SEND)), 8, QRectF(10, 10, 120, 40));
-    place(btnEdit = new SelectButton(28, 29, 0), 9, QRectF(width - 90, 10, 80, 35));
+    place(btnBack = new SelectButton(BackButtonImage, BackButtonPressedImage, SelectButton::BackCaption), Command::Back,
+          QRectF(10, 10, 59, 33));
+    place(btnInfo = new SelectButton(InfoImage, InfoPressedImage, SelectButton::NoCaption), Command::Info,
+          QRectF(10, 10, 40, 40));
+    place(btnQuit = new SelectButton(BackImage, BackPressedImage, SelectButton::NoCaption), Command::Quit,
+          QRectF(width - 70, 10, 60, 35));
+    place(btnNewMessage = new SelectButton(NewMessageImage, NewMessagePressedImage, SelectButton::NoCaption),
+          Command::NewMessage, QRectF(width - 41, 10, 31, 30));
+    place(btnRecommend = new SelectButton(RecommendImage, RecommendPressedImage, SelectButton::NoCaption),
+          Command::Recommend, QRectF(width - 49, 10, 39, 30));
+    place(btnInteract = new SelectButton(InteractImage, InteractPressedImage, SelectButton::NoCaption),
+          Command::Interact, QRectF(width - 50, 10, 40, 30));
+    place(btnAdd = new SelectButton(AddImage, AddPressedImage, SelectButton::NoCaption), Command::Add,
+          QRectF(width - 41, 10, 31, 30));
+    place(btnCancel = new MButton(localized(TXT_VANTU_CANCEL)), Command::Cancel, QRectF(width - 130, 10, 120, 40));
+    place(btnSend = new MButton(localized(TXT_SEND)), Command::Send, QRectF(10, 10, 120, 40));
+    place(btnEdit = new SelectButton(ButtonImage, ButtonPressedImage, SelectButton::EditCaption), Command::Edit,
+          QRectF(width - 90, 10, 80, 35));
 }
 
 void VantuPage::initWebView()
@@ -115,14 +123,15 @@ void VantuPage::initFooter()
     toggleButtons = new MButtonGroup;
     const int left = (g_nScreenWidth - 390) / 2;
     const int top = g_nScreenHeight - 80;
-    const auto place = [this, left, top](ToggleButton *button, int id) {
+    const auto place = [this, left, top](ToggleButton *button, Tab tab) {
+        const int id = static_cast<int>(tab);
         mainPolicy->addItemAtGeometry(button, QRectF(left + 100 * id, top, 90, 70));
         toggleButtons->addButton(button, id);
     };
-    place(btnHome = new ToggleButton(13), 0);
-    place(btnInbox = new ToggleButton(14), 1);
-    place(btnFriend = new ToggleButton(11), 2);
-    place(btnGame = new ToggleButton(12), 3);
+    place(btnHome = new ToggleButton(HomeImage), Tab::Home);
+    place(btnInbox = new ToggleButton(InboxImage), Tab::Inbox);
+    place(btnFriend = new ToggleButton(FriendsImage), Tab::Friends);
+    place(btnGame = new ToggleButton(GamesImage), Tab::Games);
     btnHome->setChecked(true);
     // The destructor leaves it out of its list; this way it goes with the page. A child of the page's own would be in
     // the reach of scripts.
@@ -148,6 +157,16 @@ QString VantuPage::currentUrl() const
 QRectF VantuPage::webViewRect() const
 {
     return QRectF(0, 60, g_nScreenWidth, g_nScreenHeight - 150);
+}
+
+MButton *VantuPage::button(Command command) const
+{
+    return selectButtons->button(static_cast<int>(command));
+}
+
+MButton *VantuPage::button(Tab tab) const
+{
+    return toggleButtons->button(static_cast<int>(tab));
 }
 
 void VantuPage::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)

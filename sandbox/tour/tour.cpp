@@ -44,29 +44,14 @@ constexpr qreal LONGEST_DRAG = 300; // scene pixels
 constexpr int DRAG_STEPS = 10;
 constexpr int MOST_DRAGS = 20;
 
-struct HeaderButton {
-    Command command;
-    const char *name;
-};
-
-constexpr HeaderButton HEADER[] = {{Command::Back, "back"},
-                                   {Command::Info, "info"},
-                                   {Command::Quit, "quit"},
-                                   {Command::NewMessage, "new message"},
-                                   {Command::Recommend, "recommend"},
-                                   {Command::Interact, "interact"},
-                                   {Command::Add, "add"},
-                                   {Command::Cancel, "cancel"},
-                                   {Command::Send, "send"},
-                                   {Command::Edit, "edit"}};
+constexpr const char *COMMAND_NAMES[K_COMMAND_COUNT]
+    = {"back", "info", "quit", "new message", "recommend", "interact", "add", "cancel", "send", "edit"};
 
 QString names(const std::vector<Command> &commands)
 {
     QStringList result;
-    for (const HeaderButton &each : HEADER) {
-        if (std::find(commands.begin(), commands.end(), each.command) != commands.end())
-            result << QLatin1String(each.name);
-    }
+    for (const Command command : commands)
+        result << QLatin1String(COMMAND_NAMES[static_cast<std::size_t>(command)]);
     return result.isEmpty() ? QStringLiteral("no command") : result.join(QLatin1String(", "));
 }
 
@@ -102,7 +87,7 @@ void Tour::show(const QString &name, const QString &sentence, const std::vector<
     m_step = name;
     waitUntil([this] { return !part(&PageMembers::progressIndicator).isVisible(); },
               QStringLiteral("the end of a load"));
-    expect(names(visibleCommands()) == names(commands),
+    expect(visibleCommands() == commands,
            QStringLiteral("the header shows %1 instead of %2").arg(names(visibleCommands()), names(commands)));
     QString line = sentence;
     if (m_page.*(&PageMembers::state) == Normal) {
@@ -178,12 +163,12 @@ void Tour::ends(const std::function<void()> &action)
 
 void Tour::tap(Command command)
 {
-    tap(button(command));
+    tap(m_page.button(command));
 }
 
 void Tour::tap(Tab tab)
 {
-    tap(button(tab));
+    tap(m_page.button(tab));
 }
 
 void Tour::tap(MButton *button)
@@ -293,8 +278,9 @@ QString Tour::path() const
 
 Badges Tour::badges() const
 {
-    return {part(&PageMembers::btnInbox).m_badgeNumber, part(&PageMembers::btnFriend).m_badgeNumber,
-            part(&PageMembers::btnGame).m_badgeNumber};
+    const auto number
+        = [this](Tab tab) { return static_cast<const ToggleButton *>(m_page.button(tab))->m_badgeNumber; };
+    return {number(Tab::Inbox), number(Tab::Friends), number(Tab::Games)};
 }
 
 QWebElement Tour::element(const QString &selector) const
@@ -375,54 +361,13 @@ void Tour::reportFailure(const QString &reason)
 
 // Eyes
 
-MButton *Tour::button(Command command) const
-{
-    switch (command) {
-    case Command::Back:
-        return &part(&PageMembers::btnBack);
-    case Command::Info:
-        return &part(&PageMembers::btnInfo);
-    case Command::Quit:
-        return &part(&PageMembers::btnQuit);
-    case Command::NewMessage:
-        return &part(&PageMembers::btnNewMessage);
-    case Command::Recommend:
-        return &part(&PageMembers::btnRecommend);
-    case Command::Interact:
-        return &part(&PageMembers::btnInteract);
-    case Command::Add:
-        return &part(&PageMembers::btnAdd);
-    case Command::Cancel:
-        return &part(&PageMembers::btnCancel);
-    case Command::Send:
-        return &part(&PageMembers::btnSend);
-    case Command::Edit:
-        return &part(&PageMembers::btnEdit);
-    }
-    return nullptr;
-}
-
-MButton *Tour::button(Tab tab) const
-{
-    switch (tab) {
-    case Tab::Home:
-        return &part(&PageMembers::btnHome);
-    case Tab::Inbox:
-        return &part(&PageMembers::btnInbox);
-    case Tab::Friends:
-        return &part(&PageMembers::btnFriend);
-    case Tab::Games:
-        return &part(&PageMembers::btnGame);
-    }
-    return nullptr;
-}
-
 std::vector<Command> Tour::visibleCommands() const
 {
     std::vector<Command> result;
-    for (const HeaderButton &each : HEADER) {
-        if (button(each.command)->isVisible())
-            result.push_back(each.command);
+    for (std::size_t id = 0; id < K_COMMAND_COUNT; ++id) {
+        const auto command = static_cast<Command>(id);
+        if (m_page.button(command)->isVisible())
+            result.push_back(command);
     }
     return result;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vantustate.h"
+#include "chromerules.h"
 
 #include <QObject>
 #include <QString>
@@ -26,12 +26,6 @@ struct Failure {
 
 /// The companion is about to end, by whatever cause.
 struct Ended { };
-
-/// The header's commands.
-enum class Command { Back, Info, Quit, NewMessage, Recommend, Interact, Add, Cancel, Send, Edit };
-
-/// The footer's tabs.
-enum class Tab { Home, Inbox, Friends, Games };
 
 /// The numbers on the tabs; 0 for a tab without one.
 struct Badges {
@@ -116,8 +110,6 @@ public:
     void reportFailure(const QString &reason);
 
 private:
-    MButton *button(Command command) const;
-    MButton *button(Tab tab) const;
     std::vector<Command> visibleCommands() const;
     MDialog *dialog() const;
     MPopupList *popupList() const;
