@@ -42,6 +42,10 @@ MyQWebView::MyQWebView()
     page()->mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
     page()->mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
     initDrag();
+    // A page is shown from the first of the two on, or, where scripts are off, from some time before the second.
+    const auto countPage = [this] { ++m_contentNumber; };
+    connect(page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this, countPage);
+    connect(this, &QGraphicsWebView::loadFinished, this, countPage);
 }
 
 void MyQWebView::setEditable(bool editable)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mdoubletapguard.h"
+
 #include <QGraphicsWebView>
 
 #include <optional>
@@ -10,7 +12,7 @@ class QTouchEvent;
 /// context menu. A finger on a touch screen does what the mouse does; a wheel and the paging keys scroll too.
 ///
 /// The scroll state is shared by all instances: there is meant to be one at a time.
-class MyQWebView : public QGraphicsWebView {
+class MyQWebView : public QGraphicsWebView, public MChangingContent {
     Q_OBJECT
 
 public:
@@ -21,6 +23,9 @@ public:
 
     /// Goes back one step in the history, if there is one.
     void back();
+
+    /// Another number for every page, and for a page that has been loaded to its end.
+    int contentNumber() const override { return m_contentNumber; }
 
 public slots:
     /// One step of the coasting: moves the page on and slows down.
@@ -44,6 +49,7 @@ private:
     void scrollPage(int x, int y);
 
     bool m_isEditable = true;
+    int m_contentNumber = 0;
     /// The script of the page keeps the touch on the screen for itself.
     bool m_isTouchTaken = false;
     /// The finger that scrolls; further ones are ignored.

@@ -11,8 +11,27 @@
 #include <algorithm>
 
 namespace {
+
 QVector<MApplicationWindow *> allWindows;
+
+// Whether a key that is held down would do again what is done once. Where text is typed, it types on.
+bool activatesAgain(const QKeyEvent *event, const QGraphicsItem *focus)
+{
+    if (!event->isAutoRepeat())
+        return false;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Select:
+        return !focus || !(focus->inputMethodHints() & Qt::ImhMultiLine);
+    case Qt::Key_Space:
+        return !focus || !(focus->flags() & QGraphicsItem::ItemAcceptsInputMethod);
+    default:
+        return false;
+    }
 }
+
+} // namespace
 
 MApplicationWindow::MApplicationWindow(QWidget *parent)
     : QGraphicsView(parent)
@@ -79,6 +98,11 @@ QSize MApplicationWindow::openingSize(const QSize &scene, const QSize &available
     return scene == scene.boundedTo(available) ? scene : scene.scaled(available, Qt::KeepAspectRatio);
 }
 
+bool MApplicationWindow::viewportEvent(QEvent *event)
+{
+    return m_guard.refuses(event) || QGraphicsView::viewportEvent(event);
+}
+
 void MApplicationWindow::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
@@ -134,10 +158,10 @@ void MApplicationWindow::fitScene()
 
 void MApplicationWindow::forwardKey(QKeyEvent *event)
 {
-    event->ignore();
     recallFocus();
+    event->setAccepted(activatesAgain(event, m_scene->focusItem()));
     // With the focus on an item, Qt's own way is the right one.
-    if (m_scene->focusItem() || m_onDisplay.isEmpty())
+    if (event->isAccepted() || m_scene->focusItem() || m_onDisplay.isEmpty())
         return;
     event->accept();
     m_scene->sendEvent(m_onDisplay.last(), event);

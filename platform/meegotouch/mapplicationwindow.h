@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mdoubletapguard.h"
 #include "mnamespace.h"
 
 #include <QGraphicsObject>
@@ -16,8 +17,9 @@ class MSceneWindow;
 ///
 /// It opens with one scene pixel a screen pixel, or smaller where the screen is; resized, it scales the scene with its
 /// aspect kept, centred on black. Key presses that no item of the scene has the focus for go to the topmost scene
-/// window. A destroyed window dismisses what it shows, and destroys only the scene windows that are not kept by their
-/// owners (MSceneWindow::DeletionPolicy).
+/// window. Nothing in it is pressed unseen (MDoubleTapGuard), and a key that is held down activates once. A destroyed
+/// window dismisses what it shows, and destroys only the scene windows that are not kept by their owners
+/// (MSceneWindow::DeletionPolicy).
 class MApplicationWindow : public QGraphicsView {
     Q_OBJECT
 
@@ -44,6 +46,7 @@ public:
     static QSize openingSize(const QSize &scene, const QSize &available);
 
 protected:
+    bool viewportEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -66,6 +69,7 @@ private:
     void activateTopPanel();
 
     std::unique_ptr<QGraphicsScene> m_scene;
+    MDoubleTapGuard m_guard{this};
     QVector<MSceneWindow *> m_onDisplay;
     QPointer<QGraphicsObject> m_focusBeneathPanels;
     M::Orientation m_orientation = M::Portrait;

@@ -170,8 +170,6 @@ void MButton::keyPressEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    if (event->isAutoRepeat())
-        return;
     showFocusRing(true);
     if (isReturn) {
         click();
@@ -188,7 +186,7 @@ void MButton::keyReleaseEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    if (m_keyPressed && !event->isAutoRepeat())
+    if (m_keyPressed)
         click();
 }
 

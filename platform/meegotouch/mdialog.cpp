@@ -235,7 +235,9 @@ void MDialog::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Select:
-        accept();
+        // Not before it can be read.
+        if (hasAppeared())
+            accept();
         break;
     default:
         break;

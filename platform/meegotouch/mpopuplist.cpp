@@ -201,7 +201,7 @@ void MPopupList::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Select:
-        if (!event->isAutoRepeat())
+        if (hasAppeared())
             pick(current);
         break;
     default:

@@ -36,6 +36,9 @@ public:
     /// Whether it has appeared and not left yet.
     bool isOnDisplay() const { return m_onDisplay; }
 
+    /// Whether it is on display and fully visible: from appeared() on.
+    bool hasAppeared() const { return m_onDisplay && m_fade.state() == QAbstractAnimation::Stopped; }
+
     /// The window that it appeared in last; null before that, and when the window is gone.
     MApplicationWindow *applicationWindow() const;
 

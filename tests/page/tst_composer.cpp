@@ -205,7 +205,7 @@ void ComposerTest::sendChecksRecipientsFirst()
     for (const VantuState state : {SendMessageState, SendEmailState, Normal}) {
         page.state = state;
         page.on_SelectButtonClicked(8);
-        QTRY_COMPARE(dialogs(portal).size(), 1);
+        QTRY_VERIFY(dialogs(portal).size() == 1 && dialogs(portal).first()->hasAppeared());
         QCOMPARE(static_cast<MMessageBox *>(dialogs(portal).first())->text(),
                  QStringLiteral("Please select at least one recipient"));
         QTest::keyClick(portal.window.viewport(), Qt::Key_Return);

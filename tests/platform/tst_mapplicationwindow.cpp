@@ -1,8 +1,13 @@
 #include "finger.h"
 #include "mapplicationpage.h"
 #include "mapplicationwindow.h"
+#include "mbutton.h"
+#include "mtextedit.h"
+#include "stage.h"
 
 #include <QKeyEvent>
+#include <QSignalSpy>
+#include <QStyleHints>
 #include <QTest>
 
 namespace {
@@ -13,6 +18,13 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override { typed += event->text(); }
+};
+
+/// Shows one thing after another.
+class Leaf : public MButton, public MChangingContent {
+public:
+    int number = 0;
+    int contentNumber() const override { return number; }
 };
 
 } // namespace
@@ -84,6 +96,90 @@ private slots:
         QTest::keyClicks(&window, QStringLiteral("down"));
         QCOMPARE(above.typed, QStringLiteral("up"));
         QCOMPARE(below.typed, QStringLiteral("down"));
+    }
+
+    void secondTapActsOnNothingNew_data()
+    {
+        QTest::addColumn<Finger::Kind>("kind");
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<QPointF>("offset");
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<int>("clicks"); // those of the first control, then a digit for those of the second
+        const auto row = [](const char *name, int interval, const QPointF &offset, const char *change, int clicks) {
+            QTest::addRow("%s, mouse", name)
+                << Finger::Mouse << interval << offset << QString::fromLatin1(change) << clicks;
+            QTest::addRow("%s, touch", name)
+                << Finger::Touch << interval << offset << QString::fromLatin1(change) << clicks;
+        };
+        row("same control", 60000, {}, "", 30);
+        row("another control has come", 60000, {9, -9}, "replace", 10);
+        row("the first one has gone", 60000, {}, "remove", 10);
+        row("it shows something else", 60000, {}, "turn", 10);
+        row("elsewhere", 60000, {30, 0}, "replace", 12);
+        row("later", 0, {}, "replace", 12);
+    }
+
+    void secondTapActsOnNothingNew()
+    {
+        QFETCH(Finger::Kind, kind);
+        QFETCH(int, interval);
+        QFETCH(QPointF, offset);
+        QFETCH(QString, change);
+        QStyleHints *hints = QGuiApplication::styleHints();
+        const int usual = hints->mouseDoubleClickInterval();
+        hints->setMouseDoubleClickInterval(interval);
+        Stage stage(kind);
+        MButton below;
+        Leaf first;
+        stage.put(&below, QRectF(100, 100, 200, 200));
+        stage.put(&first, QRectF(100, 100, 200, 200));
+        below.setVisible(change != QLatin1String("replace"));
+        QSignalSpy firstClicked(&first, &MButton::clicked);
+        QSignalSpy belowClicked(&below, &MButton::clicked);
+        connect(&first, &MButton::clicked, &first, [&] {
+            first.number += change == QLatin1String("turn");
+            first.setVisible(change.isEmpty() || change == QLatin1String("turn"));
+            below.setVisible(true);
+        });
+        stage.finger.tap({200, 200});
+        stage.finger.tap(QPointF(200, 200) + offset);
+        stage.finger.tap(QPointF(200, 200) + offset);
+        hints->setMouseDoubleClickInterval(usual);
+        QTEST(firstClicked.count() * 10 + belowClicked.count(), "clicks");
+    }
+
+    void heldKeyActivatesOnce_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("written");
+        QTest::newRow("Return") << int(Qt::Key_Return) << QStringLiteral("\n\n\n");
+        QTest::newRow("Space") << int(Qt::Key_Space) << QStringLiteral("   ");
+    }
+
+    void heldKeyActivatesOnce()
+    {
+        QFETCH(int, key);
+        Stage stage;
+        MButton button;
+        MTextEdit text(MTextEditModel::MultiLine);
+        stage.put(&button, QRectF(100, 100, 200, 50));
+        stage.put(&text, QRectF(100, 200, 200, 200));
+        QSignalSpy clicked(&button, &MButton::clicked);
+        const auto hold = [&](QGraphicsItem *item) {
+            item->setFocus();
+            for (int i = 0; i < 3; ++i) {
+                const bool again = i > 0;
+                const QString letter(key == Qt::Key_Space ? QLatin1Char(' ') : QLatin1Char('\r'));
+                QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, letter, again);
+                QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, letter, i < 2);
+                QCoreApplication::sendEvent(&stage.window, &press);
+                QCoreApplication::sendEvent(&stage.window, &release);
+            }
+        };
+        hold(&button);
+        QCOMPARE(clicked.count(), 1);
+        hold(&text);
+        QTEST(text.text(), "written");
     }
 };
 

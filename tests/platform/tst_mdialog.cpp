@@ -165,6 +165,7 @@ private slots:
         QSignalSpy accepted(&question, &MDialog::accepted);
         QSignalSpy rejected(&question, &MDialog::rejected);
         question.appear(m_window.get());
+        QTRY_VERIFY(question.hasAppeared());
         end(m_window, question);
         QCOMPARE(question.results, QVector<int>{result});
         QCOMPARE(question.result(), result);
@@ -282,6 +283,7 @@ private slots:
         QPointer<Question> question = new Question;
         connect(question, &MDialog::finished, this, [&question] { delete question; });
         question->appear(m_window.get());
+        QTRY_VERIFY(question->hasAppeared());
         byTap ? Finger(m_window.get()).tap(centreOf(question->button("OK")))
               : QTest::keyClick(m_window.get(), Qt::Key_Return);
         QVERIFY(!question);
@@ -294,6 +296,7 @@ private slots:
         Question question;
         connect(&question, &MDialog::accepted, &next, [this, &next] { next.appear(m_window.get()); });
         question.appear(m_window.get());
+        QTRY_VERIFY(question.hasAppeared());
         QTest::keyClick(m_window.get(), Qt::Key_Return);
         QVERIFY(next.isOnDisplay());
         QTest::keyClick(m_window.get(), Qt::Key_Escape);
