@@ -156,8 +156,16 @@ InputDialog::InputDialog()
 {
     textInput->setContentType(M::EmailContentType);
     setCentralWidget(textInput);
+    setDismissedByTapOutside(true);
     // Ready to be typed into as soon as it appears.
     textInput->setFocus();
+}
+
+// Deliberately: whoever backs out wants nothing added, while done() hands on whatever the field holds.
+void InputDialog::reject()
+{
+    textInput->clear();
+    MDialog::reject();
 }
 
 void InputDialog::done(int result)

@@ -81,6 +81,8 @@ public:
 
     /// Tells what was typed, whatever \a result says, then ends the dialog.
     void done(int result) override;
+    /// Empties the field first: Escape and a tap beside the dialog add nothing.
+    void reject() override;
 
 signals:
     void inputDialogDone(QString text);

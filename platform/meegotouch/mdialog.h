@@ -40,9 +40,10 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
 public slots:
-    /// done(Accepted) and done(Rejected), if the dialog is on display and not being ended already.
+    /// done(Accepted) and done(Rejected), if the dialog is on display and not being ended already. Escape, the Cancel
+    /// button and a tap beside the box call reject(); a dialog that leaves in another way is done without it.
     void accept();
-    void reject();
+    virtual void reject();
 
     /// Ends the dialog with \a result: it is dismissed, then its signals are emitted. Does nothing if the dialog is not
     /// on display. However it ends, it passes through here, once: with Rejected when it leaves in any other way.
