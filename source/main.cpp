@@ -4,6 +4,8 @@
 
 #include "mapplication.h"
 
+#include <cstdio>
+
 int main(int argc, char **argv)
 {
     MApplication application(argc, argv);
@@ -11,6 +13,10 @@ int main(int argc, char **argv)
     // Deliberately unsigned: one comparison accepts two or three arguments and nothing else.
     if (static_cast<unsigned>(argc) - 3U > 1U)
         return 0;
+    if (!application.displayProblem().isEmpty()) {
+        std::fprintf(stderr, "vantu: no display: %s\n", qPrintable(application.displayProblem()));
+        return 1;
+    }
     g_KVB = toInt(argv[1]);
     g_languageIdx = toLanguage(argv[2]);
     g_trophyIdx = argc == 4 ? toMask(argv[3]) : 0;

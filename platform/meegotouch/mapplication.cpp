@@ -1,6 +1,7 @@
 #include "mapplication.h"
 
 #include "mapplicationwindow.h"
+#include "mdisplay.h"
 #include "mstyle.h"
 
 #include <QFontDatabase>
@@ -87,9 +88,17 @@ private:
 };
 
 MApplication::MApplication(int &argc, char **argv)
+    : MApplication(argc, argv, MDisplay())
+{
+}
+
+MApplication::MApplication(int &argc, char **argv, const MDisplay &display)
     : QApplication(prepared(argc), argv)
+    , m_displayProblem(display.problem())
     , m_unixSignals(std::make_unique<UnixSignals>())
 {
+    if (!m_displayProblem.isEmpty())
+        return;
     // The widgets bring their own look; what they leave to Qt (text cursors, the form fields of web pages) must not
     // turn dark or odd with the desktop's theme.
     setStyle(QStyleFactory::create(QStringLiteral("fusion")));

@@ -4,6 +4,7 @@
 #include "mstyle.h"
 
 #include <QGraphicsScene>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QStyle>
@@ -106,8 +107,9 @@ bool MApplicationWindow::viewportEvent(QEvent *event)
 void MApplicationWindow::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
-    // A display without a window manager gives the keyboard to nobody by itself.
-    activateWindow();
+    // An X11 display without a window manager gives the keyboard to nobody by itself. Wayland lets no window ask.
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        activateWindow();
 }
 
 void MApplicationWindow::resizeEvent(QResizeEvent *event)

@@ -19,11 +19,17 @@ class Companion : public QProcess {
 public:
     /// Its requests go to whatever is the application-wide proxy here.
     explicit Companion(const QStringList &arguments, quint16 proxyPort = QNetworkProxy::applicationProxy().port(),
-                       const QString &busAddress = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"))
+                       const QString &busAddress = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
+                       bool hasDisplay = true)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("http_proxy"), QStringLiteral("http://127.0.0.1:%1").arg(proxyPort));
         environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress);
+        if (!hasDisplay) {
+            environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+            environment.insert(QStringLiteral("DISPLAY"), QStringLiteral(":nowhere"));
+            environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("nowhere"));
+        }
         setProcessEnvironment(environment);
         setWorkingDirectory(folder.path());
         start(QStringLiteral(COMPANION_PROGRAM), arguments);
@@ -60,22 +66,29 @@ class StartupTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void wrongCountEndsAtOnce_data()
+    void endsAtOnce_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("one") << QStringList{QStringLiteral("7")};
-        QTest::newRow("four") << plain + plain;
+        QTest::addColumn<bool>("hasDisplay");
+        QTest::addColumn<int>("status");
+        QTest::newRow("one") << QStringList{QStringLiteral("7")} << true << 0;
+        QTest::newRow("four") << plain + plain << true << 0;
+        QTest::newRow("four, no display") << plain + plain << false << 0;
+        QTest::newRow("no display") << plain << false << 1;
     }
-    void wrongCountEndsAtOnce()
+    void endsAtOnce()
     {
         QFETCH(QStringList, arguments);
+        QFETCH(bool, hasDisplay);
         const TestService service;
         const GamePeer game;
-        Companion companion(arguments);
+        Companion companion(arguments, QNetworkProxy::applicationProxy().port(),
+                            qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), hasDisplay);
         QVERIFY(companion.ends());
         QCOMPARE(companion.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(companion.exitCode(), 0);
+        QTEST(companion.exitCode(), "status");
         QCOMPARE(companion.readAllStandardOutput(), QByteArray());
+        QCOMPARE(companion.readAllStandardError().count("vantu: no display: "), companion.exitCode());
         QVERIFY(service.urls().isEmpty());
         QVERIFY(game.calls.isEmpty());
     }
