@@ -5,6 +5,7 @@
 #include "mybutton.h"
 #include "myqwebview.h"
 #include "resmanager.h"
+#include "scriptfacade.h"
 #include "servicerequests.h"
 
 #include "mbutton.h"
@@ -64,6 +65,7 @@ void VantuPage::connectUI()
     connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
     connect(webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this,
             &VantuPage::attachObjectToJS);
+    scriptFacade = std::make_unique<ScriptFacade>(this, staticMetaObject);
     attachObjectToJS();
     connect(addrWidget, &AddressWidget::btnAddressClicked, this, &VantuPage::on_btnAddAddressClicked);
     connect(&popupRecommend, &MPopupList::clicked, this, &VantuPage::on_UserRecommend);

@@ -13,6 +13,9 @@
 #include <QStringListModel>
 #include <QUrl>
 
+#include <functional>
+#include <memory>
+
 class AddressWidget;
 class MButton;
 class MButtonGroup;
@@ -24,26 +27,18 @@ class MTextEdit;
 class MyLayoutPolicy;
 class MyQWebView;
 class QNetworkAccessManager;
+class ScriptFacade;
 class SelectButton;
 class ToggleButton;
 
 /// The portal page: the web view with the service's pages, all native chrome around it, and every rule that ties the
 /// two together.
 ///
-/// The page registers itself with each web page as the window object "VANTU", so every public slot can be called by a
-/// stranger's script, at any time, with anything, also from inside another call. The slots' names and order are what
-/// the service's pages know.
+/// The page's public slots are what each web page finds in the window object "VANTU", so each can be called by a
+/// stranger's script, at any time, with anything, also from inside another call. Their names and order are what the
+/// service's pages know.
 class VantuPage : public MApplicationPage {
     Q_OBJECT
-    // Inherited properties that a script could make the page useless with, taken out of its reach.
-    Q_PROPERTY(QSizeF size READ size SCRIPTABLE false)
-    Q_PROPERTY(QSizeF minimumSize READ minimumSize SCRIPTABLE false)
-    Q_PROPERTY(QSizeF preferredSize READ preferredSize SCRIPTABLE false)
-    Q_PROPERTY(QSizeF maximumSize READ maximumSize SCRIPTABLE false)
-    Q_PROPERTY(qreal width READ width SCRIPTABLE false)
-    Q_PROPERTY(qreal height READ height SCRIPTABLE false)
-    Q_PROPERTY(QRectF geometry READ geometry SCRIPTABLE false)
-    Q_PROPERTY(Qt::WindowFlags windowFlags READ windowFlags SCRIPTABLE false)
 
 public:
     /// Builds the chrome, reads the stored login and begins to load the start page.
@@ -81,7 +76,7 @@ public:
     void clearUserLogin();
 
 public slots:
-    /// Makes the page the window object "VANTU" of the web page.
+    /// Makes the page's slots the window object "VANTU" of the web page.
     void attachObjectToJS();
     // What a web page hands over, each as text. Nothing is reported back; odd values count as 0, or false.
     void showTitle(QString html);
@@ -113,8 +108,6 @@ protected:
     /// Closes the keyboard when Return is released, and deliberately takes every event without the base class's help.
     bool event(QEvent *event) override;
     void gestureEvent(QGestureEvent *event) override;
-    /// Refuses what would move, hide or disable the page on display: a script has these properties in its reach.
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
     QString oldURL; ///< page to return to from a composer or an external sharing page
     QString userID; ///< signed-in player; empty before the sign-in
@@ -168,9 +161,6 @@ protected:
     bool isInFriendSelectionScreen = false;
 
 private:
-    qreal width() const { return size().width(); }
-    qreal height() const { return size().height(); }
-
     void initUI();
     void initHeader();
     void initWebView();
@@ -184,8 +174,11 @@ private:
     QString currentUrl() const;
     /// Where the web view stands between header and footer.
     QRectF webViewRect() const;
-    /// Loads @p url in the web view: at once for a command of the player's, else from the event loop, since loading
-    /// from inside a script pulls the page from under the engine that runs it.
+    /// Takes the web view elsewhere: at once for a command of the player's, else from the event loop, since loading
+    /// from inside a script pulls the page from under the engine that runs it. Of several wishes of scripts the last
+    /// counts.
+    void navigate(std::function<void()> navigation);
+    /// Loads @p url in the web view, as navigate() does.
     void load(const QUrl &url);
     void setTitle(const QString &text, const QColor &color);
     void setTiledBackingStore(bool on);
@@ -203,6 +196,8 @@ private:
     void validateAndSend();
     void warn(const QString &text);
 
+    std::unique_ptr<ScriptFacade> scriptFacade;
+    std::function<void()> scriptNavigation; ///< waits for the event loop; empty if no script has asked for one
     bool isFinishingLoad = false;
     /// Counts a slot that loads or disturbs the web page, for as long as what it returns lives.
     [[nodiscard]] QScopedValueRollback<int> enterSlot() { return QScopedValueRollback<int>(slotDepth, slotDepth + 1); }

@@ -3,6 +3,7 @@
 #include "globaldefine.h"
 #include "mybutton.h"
 #include "myqwebview.h"
+#include "scriptfacade.h"
 #include "servicerequests.h"
 
 #include "mlabel.h"
@@ -32,7 +33,7 @@ void setBadge(ToggleButton *tab, const QString &count)
 
 void VantuPage::attachObjectToJS()
 {
-    webView->page()->mainFrame()->addToJavaScriptWindowObject(QStringLiteral("VANTU"), this);
+    webView->page()->mainFrame()->addToJavaScriptWindowObject(QStringLiteral("VANTU"), scriptFacade.get());
 }
 
 void VantuPage::showTitle(QString html)

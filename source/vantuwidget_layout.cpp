@@ -133,9 +133,7 @@ void VantuPage::initFooter()
     place(btnFriend = new ToggleButton(FriendsImage), Tab::Friends);
     place(btnGame = new ToggleButton(GamesImage), Tab::Games);
     btnHome->setChecked(true);
-    // The destructor leaves it out of its list; this way it goes with the page. A child of the page's own would be in
-    // the reach of scripts.
-    toggleButtons->setParent(centralWidget());
+    toggleButtons->setParent(this); // The destructor leaves it out of its list.
 }
 
 void VantuPage::initPopups()
@@ -199,28 +197,4 @@ void VantuPage::gestureEvent(QGestureEvent *event)
     if (state != SendMessageState)
         MInputMethodState::closeSoftwareInputPanel();
     MApplicationPage::gestureEvent(event);
-}
-
-QVariant VantuPage::itemChange(GraphicsItemChange change, const QVariant &value)
-{
-    if (!isOnDisplay())
-        return MApplicationPage::itemChange(change, value);
-    switch (change) {
-    case ItemVisibleChange:
-    case ItemEnabledChange:
-        return true;
-    case ItemOpacityChange:
-    case ItemScaleChange:
-        return 1.0;
-    case ItemRotationChange:
-        return 0.0;
-    case ItemPositionChange:
-        return pos();
-    case ItemZValueChange:
-        return zValue();
-    case ItemParentChange:
-        return QVariant::fromValue(parentItem());
-    default:
-        return MApplicationPage::itemChange(change, value);
-    }
 }

@@ -17,17 +17,28 @@
 #include <QWebPage>
 #include <QWebSettings>
 
+#include <utility>
+
 bool onErrorPage = false;
 bool onTwitterPage = false;
 
+void VantuPage::navigate(std::function<void()> navigation)
+{
+    // A script's call comes through a slot, from no sender or from inside another slot.
+    if (slotDepth == 0 || (slotDepth == 1 && sender())) {
+        navigation();
+        return;
+    }
+    const bool isWaiting = static_cast<bool>(scriptNavigation);
+    scriptNavigation = std::move(navigation);
+    if (!isWaiting)
+        QMetaObject::invokeMethod(
+            webView, [this] { std::exchange(scriptNavigation, nullptr)(); }, Qt::QueuedConnection);
+}
+
 void VantuPage::load(const QUrl &url)
 {
-    // A script's call comes from no sender, or from inside another slot.
-    if (slotDepth == 1 && sender())
-        webView->setUrl(url);
-    else
-        QMetaObject::invokeMethod(
-            webView, [this, url] { webView->setUrl(url); }, Qt::QueuedConnection);
+    navigate([this, url] { webView->setUrl(url); });
 }
 
 void VantuPage::setTiledBackingStore(bool on)
@@ -185,7 +196,7 @@ void VantuPage::goBack()
     }
     const QString target = backTarget(currentUrl(), recommendGameId);
     if (target.isEmpty())
-        webView->back();
+        navigate([this] { webView->back(); });
     else
         load(QUrl(target));
 }

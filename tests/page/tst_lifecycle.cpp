@@ -190,13 +190,11 @@ void LifecycleTest::backFromFacebookLoadsTheOldPage()
     QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
     page.webView->setUrl(QUrl(QStringLiteral("http://facebook.test/share")));
     QVERIFY(finished.wait());
-    portal.service.forget();
+    portal.service.answer(QStringLiteral("/vantu/games"), {TestService::page({})});
     page.goBack();
-    QTRY_VERIFY(!portal.service.urls().isEmpty());
-    QCOMPARE(portal.service.urls().first(), page.oldURL);
-    QTRY_VERIFY(!portal.shownUrl().contains(QLatin1String("facebook")));
+    // Setting the old page's address reports it at once, so the rule for game pages follows right behind.
+    QTRY_COMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/games")));
     QTRY_VERIFY(!page.progressIndicator->isVisible());
-    QVERIFY(portal.shownUrl().startsWith(Portal::url(QStringLiteral("/vantu/games"))));
 }
 
 PORTAL_TEST_MAIN(LifecycleTest)
