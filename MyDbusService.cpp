@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MyDbusService.h"
 
 #include <QDBusConnection>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bareview.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bareview.h"
 #include "globaldefine.h"
 #include "mybutton.h"

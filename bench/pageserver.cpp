@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pageserver.h"
 
 #include <QTcpSocket>

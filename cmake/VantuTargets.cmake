@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # What every target of the project shares.
 
 if(VANTU_SANITIZE)

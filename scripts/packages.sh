@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are for the scripts that source this one
 # Sourced by ./run, ./test and .ci/run: the Debian packages that a job needs, and how they get here.

@@ -1,13 +1,14 @@
+// SPDX-License-Identifier: MIT
 #include "addresswidget.h"
 
 #include "globaldefine.h"
 #include "mybutton.h"
 
-#include <mbuttongroup.h>
-#include <mflowlayoutpolicy.h>
-#include <mlabel.h>
-#include <mlayout.h>
-#include <mtextedit.h>
+#include "mbuttongroup.h"
+#include "mflowlayoutpolicy.h"
+#include "mlabel.h"
+#include "mlayout.h"
+#include "mtextedit.h"
 
 #include <QGraphicsScene>
 

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mbutton.h>
-#include <mdialog.h>
-#include <mpannableviewport.h>
+#include "mbutton.h"
+#include "mdialog.h"
+#include "mpannableviewport.h"
 
 #include <QStringList>
 
@@ -25,7 +26,7 @@ public:
     ~AddressWidget() override;
 
     using MPannableViewport::show;
-    /// Shows the strip, without any recipient, for recipients of \a type.
+    /// Shows the strip, without any recipient, for recipients of @p type.
     void show(Address_Type type);
 
 signals:
@@ -37,7 +38,7 @@ public slots:
     void on_btnNewAddressClicked();
     /// Same as addNewAddress().
     void on_dlgInputNameClosed(QString text);
-    /// Removes the recipient of \a button; null and strange buttons are ignored.
+    /// Removes the recipient of @p button; null and strange buttons are ignored.
     void addressButtonClicked(MButton *button);
     /// Adds an e-mail address as it was typed; an empty one is ignored, one that is there already is added again.
     void addNewAddress(QString text);
@@ -79,7 +80,7 @@ class InputDialog : public MDialog {
 public:
     InputDialog();
 
-    /// Tells what was typed, whatever \a result says, then ends the dialog.
+    /// Tells what was typed, whatever @p result says, then ends the dialog.
     void done(int result) override;
     /// Empties the field first: Escape and a tap beside the dialog add nothing.
     void reject() override;

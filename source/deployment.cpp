@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "globaldefine.h"
 
 // Compiled once for each deployment, with its own VANTU_SERVICE_ROOT and VANTU_LOGIN_FILE.

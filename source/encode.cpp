@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "encode.h"
 
 #include <algorithm>
@@ -7,7 +8,7 @@ namespace {
 constexpr char K_KEY[] = "quelmora";
 constexpr int K_KEY_LENGTH = sizeof(K_KEY) - 1;
 
-/// The key stream at \a index is the key word followed by the plain text.
+/// The key stream at @p index is the key word followed by the plain text.
 char keyAt(int index, const char *plain)
 {
     return index < K_KEY_LENGTH ? K_KEY[index] : plain[index - K_KEY_LENGTH];

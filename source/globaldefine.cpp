@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "globaldefine.h"
 
 int g_KVB = 0;

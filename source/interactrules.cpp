@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "interactrules.h"
 
 #include "globaldefine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "loginfile.h"
 
 #include "encode.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QByteArray>
@@ -22,18 +23,18 @@ QString loginFilePath();
 /// cut to 255 bytes.
 QByteArray loginRecords(const StoredLogin &login);
 
-/// The login in \a records, or nothing if these are not whole and sound: empty, cut short, another record count, a
+/// The login in @p records, or nothing if these are not whole and sound: empty, cut short, another record count, a
 /// length that is negative or over 255, or anything after the third record.
 std::optional<StoredLogin> parseLoginRecords(const QByteArray &records);
 
-/// Makes \a contents the contents of the file at \a path, readable by its owner only. Returns false and leaves an
+/// Makes @p contents the contents of the file at @p path, readable by its owner only. Returns false and leaves an
 /// existing file untouched if that fails at any point. A symbolic link is followed; what is not a plain file is left
 /// alone.
 bool writeLoginFile(const QString &path, const QByteArray &contents);
 
-/// The contents of the file at \a path; empty if it is missing, unreadable, not a plain file or larger than any login
+/// The contents of the file at @p path; empty if it is missing, unreadable, not a plain file or larger than any login
 /// file can be.
 QByteArray readLoginFile(const QString &path);
 
-/// Truncates the file at \a path to zero bytes, creating it if need be. Returns false if it cannot be opened.
+/// Truncates the file at @p path to zero bytes, creating it if need be. Returns false if it cannot be opened.
 bool clearLoginFile(const QString &path);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mybutton.h"
 
 #include "globaldefine.h"
@@ -25,7 +26,7 @@ void setCaptionStyle(QPainter *painter, int pixelSize)
     painter->setPen(Qt::white);
 }
 
-/// Draws \a text in \a area, with narrower letters if it would come closer than \a margin to its sides: how wide it is
+/// Draws @p text in @p area, with narrower letters if it would come closer than @p margin to its sides: how wide it is
 /// depends on the font of the system.
 void drawFitted(QPainter *painter, const QRectF &area, qreal margin, int alignment, const QString &text)
 {

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mbutton.h>
+#include "mbutton.h"
 
 /// Header command: a bitmap, another one while it is held down, and on some a caption.
 class SelectButton : public MButton {
@@ -33,7 +34,7 @@ class ToggleButton : public MButton {
     Q_OBJECT
 
 public:
-    /// \a iconIdx is the image id of the icon. It also chooses the caption; only the icons of the four sections have
+    /// @p iconIdx is the image id of the icon. It also chooses the caption; only the icons of the four sections have
     /// one.
     explicit ToggleButton(int iconIdx, QGraphicsItem *parent = nullptr, MButtonModel *model = nullptr);
 

@@ -1,13 +1,14 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mabstractlayoutpolicy.h>
+#include "mabstractlayoutpolicy.h"
 
 /// Keeps every item at the fixed rectangle that it was added with.
 class MyLayoutPolicy : public MAbstractLayoutPolicy {
 public:
     explicit MyLayoutPolicy(MLayout *layout);
 
-    /// Adds \a item at \a rect, in the coordinates of the widget that the layout is set on. Items that are null or
+    /// Adds @p item at @p rect, in the coordinates of the widget that the layout is set on. Items that are null or
     /// there already are left alone.
     void addItemAtGeometry(QGraphicsLayoutItem *item, const QRectF &rect);
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "myqwebview.h"
 
 #include <QGraphicsSceneMouseEvent>
@@ -30,7 +31,7 @@ bool isDrag;
 int scrollCount;
 QPointer<QTimer> timer;
 
-/// Calls \a handle with the mouse event of \a type for \a position (item coordinates of \a item).
+/// Calls @p handle with the mouse event of @p type for @p position (item coordinates of @p item).
 template <typename Handler>
 void withMouseEvent(QEvent::Type type, const QGraphicsItem &item, const QPointF &position, const QPoint &screenPosition,
                     Qt::KeyboardModifiers modifiers, Handler handle)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "quietpage.h"
 
 bool QuietPage::supportsExtension(Extension extension) const

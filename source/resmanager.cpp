@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "resmanager.h"
 
 #include <QDebug>

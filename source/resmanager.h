@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "globaldefine.h"
@@ -18,7 +19,7 @@ public:
 
     ~ResManager();
 
-    /// The image of id \a index (a row of k_imgName), owned by the cache. Null for an index outside 0 to 29; a null
+    /// The image of id @p index (a row of k_imgName), owned by the cache. Null for an index outside 0 to 29; a null
     /// image if there is no such file, which draws nothing and measures 0 by 0.
     QImage *loadImage(int index);
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "servicerequests.h"
 
 #include "globaldefine.h"

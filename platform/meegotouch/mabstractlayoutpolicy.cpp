@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mabstractlayoutpolicy.h"
 
 #include "mlayout.h"

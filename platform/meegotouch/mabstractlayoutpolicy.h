@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QRectF>
@@ -11,7 +12,7 @@ class QGraphicsLayoutItem;
 /// Says where the items of an MLayout go. Belongs to its layout.
 class MAbstractLayoutPolicy {
 public:
-    /// Adds itself to \a layout, which owns it. The first policy of a layout is its active one.
+    /// Adds itself to @p layout, which owns it. The first policy of a layout is its active one.
     explicit MAbstractLayoutPolicy(MLayout *layout);
     virtual ~MAbstractLayoutPolicy();
 
@@ -20,13 +21,13 @@ public:
     /// Whether the layout follows this policy.
     bool isActive() const;
 
-    /// Adds \a item at the end. Null and items that are already there are left alone.
+    /// Adds @p item at the end. Null and items that are already there are left alone.
     void addItem(QGraphicsLayoutItem *item);
 
-    /// Adds \a item before the one at \a index; an index out of range means the end.
+    /// Adds @p item before the one at @p index; an index out of range means the end.
     void insertItem(int index, QGraphicsLayoutItem *item);
 
-    /// Lets go of \a item, and so does the layout unless another policy holds it. The item stays where it is on the
+    /// Lets go of @p item, and so does the layout unless another policy holds it. The item stays where it is on the
     /// screen and goes back to the caller.
     void removeItem(QGraphicsLayoutItem *item);
     void removeAt(int index);
@@ -45,7 +46,7 @@ public:
     virtual void relayout() = 0;
 
 protected:
-    /// Moves an item, at once. \a rect is in the coordinates of the widget that the layout is set on. Out of range
+    /// Moves an item, at once. @p rect is in the coordinates of the widget that the layout is set on. Out of range
     /// does nothing.
     void setItemGeometry(int index, const QRectF &rect);
 

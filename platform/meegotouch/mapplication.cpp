@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mapplication.h"
 
 #include "mapplicationwindow.h"
@@ -6,6 +7,7 @@
 
 #include <QFontDatabase>
 #include <QSocketNotifier>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QTimer>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mapplicationpage.h"
 
 #include "mfingergestures.h"

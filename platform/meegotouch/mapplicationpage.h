@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "mscenewindow.h"
@@ -16,7 +17,7 @@ public:
     /// The widget that fills the page; the page makes an empty one of its own at the start.
     QGraphicsWidget *centralWidget() const { return m_centralWidget; }
 
-    /// Puts \a widget in the place of the central widget, which is destroyed. The page owns it. Null leaves the page
+    /// Puts @p widget in the place of the central widget, which is destroyed. The page owns it. Null leaves the page
     /// empty.
     void setCentralWidget(QGraphicsWidget *widget);
 

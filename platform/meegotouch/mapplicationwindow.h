@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "mdoubletapguard.h"
@@ -41,7 +42,7 @@ public:
     /// The scene in scene pixels: 480 x 814 in portrait.
     QSize sceneSize() const;
 
-    /// The size of a window that shows a scene of \a scene pixels one to one if that fits into \a available, and
+    /// The size of a window that shows a scene of @p scene pixels one to one if that fits into @p available, and
     /// otherwise the largest of the same aspect that does.
     static QSize openingSize(const QSize &scene, const QSize &available);
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mbuttongroup.h"
 
 #include "mbutton.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mdialog.h"
 
 #include "mapplicationwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "mnamespace.h"
@@ -21,14 +22,14 @@ public:
 
     MDialog();
 
-    /// Makes a button for each one in \a buttons. OK accepts, Cancel rejects.
+    /// Makes a button for each one in @p buttons. OK accepts, Cancel rejects.
     explicit MDialog(const QString &title, M::StandardButtons buttons = M::NoStandardButton);
 
     /// Plain text of one line, elided where it does not fit. Without a title there is no title bar.
     void setTitle(const QString &title);
     QString title() const { return m_title; }
 
-    /// Puts \a widget in the place of the central widget, which is destroyed. The dialog owns it. It gets the width of
+    /// Puts @p widget in the place of the central widget, which is destroyed. The dialog owns it. It gets the width of
     /// the box, and the height that it prefers for that, as far as there is room.
     void setCentralWidget(QGraphicsWidget *widget);
     QGraphicsWidget *centralWidget() const { return m_centralWidget; }
@@ -45,7 +46,7 @@ public slots:
     void accept();
     virtual void reject();
 
-    /// Ends the dialog with \a result: it is dismissed, then its signals are emitted. Does nothing if the dialog is not
+    /// Ends the dialog with @p result: it is dismissed, then its signals are emitted. Does nothing if the dialog is not
     /// on display. However it ends, it passes through here, once: with Rejected when it leaves in any other way.
     virtual void done(int result);
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mfadingpicture.h"
 
 #include "mstyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QGraphicsObject>
@@ -14,7 +15,7 @@ class MFadingPicture : public QGraphicsObject {
     Q_OBJECT
 
 public:
-    /// Leaves a picture of the visible \a item and its children, as \a view shows them, in the item's place. It
+    /// Leaves a picture of the visible @p item and its children, as @p view shows them, in the item's place. It
     /// belongs to the scene.
     static void leave(QGraphicsItem *item, const QGraphicsView *view);
 

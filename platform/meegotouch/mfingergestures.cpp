@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mfingergestures.h"
 
 #include "mstyle.h"

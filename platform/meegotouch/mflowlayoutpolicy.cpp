@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "mflowlayoutpolicy.h"
 
 #include "mlayout.h"
 
 #include <QGraphicsLayoutItem>
+#include <QWidget>
 
 MFlowLayoutPolicy::MFlowLayoutPolicy(MLayout *layout)
     : MAbstractLayoutPolicy(layout)

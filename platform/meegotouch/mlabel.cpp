@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mlabel.h"
 
 #include "mstyle.h"
@@ -6,6 +7,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
+
+#include <cmath>
 
 namespace {
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mlayout.h"
 
 #include "mabstractlayoutpolicy.h"

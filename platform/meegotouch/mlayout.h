@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QGraphicsLayout>
@@ -16,7 +17,7 @@ public:
     explicit MLayout(QGraphicsLayoutItem *parent = nullptr);
     ~MLayout() override;
 
-    /// Makes \a policy the active one. A policy of another layout, or null, changes nothing.
+    /// Makes @p policy the active one. A policy of another layout, or null, changes nothing.
     void setPolicy(MAbstractLayoutPolicy *policy);
     MAbstractLayoutPolicy *policy() const { return m_policy; }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mmessagebox.h"
 
 #include "mlabel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "mdialog.h"
@@ -9,7 +10,7 @@ class MMessageBox : public MDialog {
     Q_OBJECT
 
 public:
-    /// \a text is plain, wraps, and the box grows with it.
+    /// @p text is plain, wraps, and the box grows with it.
     explicit MMessageBox(const QString &text, M::StandardButtons buttons = M::OkButton);
 
     QString text() const;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mpannableviewport.h"
 
 #include "mpositionbar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mpantracker.h"
 
 #include "mstyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mpopuplist.h"
 
 #include "mpannableviewport.h"

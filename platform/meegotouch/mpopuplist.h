@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "mdialog.h"
@@ -19,7 +20,7 @@ public:
     MPopupList();
     ~MPopupList() override;
 
-    /// Shows the rows of \a model (column 0 of the top level, Qt::DisplayRole), now and as it changes. Not owned; may
+    /// Shows the rows of @p model (column 0 of the top level, Qt::DisplayRole), now and as it changes. Not owned; may
     /// be null, and may be destroyed before the list.
     void setItemModel(QAbstractItemModel *model);
     QAbstractItemModel *itemModel() const;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mpositionbar.h"
 
 #include "mstyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mprogressindicator.h"
 
 #include "mstyle.h"
@@ -5,6 +6,8 @@
 #include <QGraphicsScene>
 #include <QPainter>
 #include <QTimerEvent>
+
+#include <cmath>
 
 const QString MProgressIndicator::spinnerType = QStringLiteral("spinner");
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "mwidget.h"
@@ -26,7 +27,7 @@ public:
     explicit MSceneWindow(QGraphicsItem *parent = nullptr);
     ~MSceneWindow() override;
 
-    /// Shows it on top of everything in \a window. On display already, only the policy changes. With no window there
+    /// Shows it on top of everything in @p window. On display already, only the policy changes. With no window there
     /// is nothing to show: the policy is carried out as if it had been dismissed.
     void appear(MApplicationWindow *window, DeletionPolicy policy = KeepWhenDone);
 
@@ -60,7 +61,7 @@ signals:
     void disappeared();
 
 protected:
-    /// The visible, enabled widgets below \a parent that Tab stops at, in the order of adding; none below null.
+    /// The visible, enabled widgets below @p parent that Tab stops at, in the order of adding; none below null.
     static QVector<QGraphicsWidget *> tabStops(const QGraphicsItem *parent);
 
     /// Tab goes round and round inside: what lies outside is covered.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mtextedit.h"
 
 #include "minputmethodstate.h"

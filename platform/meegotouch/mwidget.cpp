@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mwidget.h"
 
 #include <QGestureEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QByteArray>
@@ -9,14 +10,14 @@ namespace DeviceIdentity {
 /// The country in the name of a locale (language_COUNTRY); empty for a locale of no country.
 QString countryOfLocale(const QString &localeName);
 
-/// The model as the firmware tables under \a root name it (device tree, DMI); empty if they do not, or if the maker
+/// The model as the firmware tables under @p root name it (device tree, DMI); empty if they do not, or if the maker
 /// left the place-holder in.
 QString hardwareModel(const QString &root = QStringLiteral("/sys"));
 
-/// \a model, unless it is what makers leave in the tables when they do not fill them in: then empty.
+/// @p model, unless it is what makers leave in the tables when they do not fill them in: then empty.
 QString withoutPlaceHolder(const QString &model);
 
-/// An identifier derived from \a machineId that cannot be traced back to it, nor compared with what other applications
+/// An identifier derived from @p machineId that cannot be traced back to it, nor compared with what other applications
 /// derive: 32 hexadecimal digits. Empty for an empty machine id.
 QString appSpecificId(const QByteArray &machineId);
 

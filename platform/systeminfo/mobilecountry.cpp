@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mobilecountry.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qsystemdeviceinfo.h"
 
 #include "deviceidentity.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qsysteminfo.h"
 
 #include "deviceidentity.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A stand-in for the game: it owns the game's name on the session bus, starts the companion with the arguments that it
 // was given itself, prints what it hears from it, and ends with the companion's exit status.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "transaction.h"
 
 std::vector<Conversation> Database::conversations(const std::string &playerId)

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # Writes OUTPUT, a C++ file that holds each of TEMPLATES as a string.
 set(entries "")
 foreach(file IN LISTS TEMPLATES)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "database.h"
 #include "pages.h"
 #include "server.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "secrets.h"
 
 #include <array>

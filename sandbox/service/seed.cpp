@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "seed.h"
 
 #include "secrets.h"

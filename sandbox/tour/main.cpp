@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The guided tour: the companion with a player that plays one part of a story by mouse, touch and keys, and keeps a
 // picture of each step. Ends with the companion's own status when all went well, with 1 when the story could not be
 // played.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "story.h"
 
 #include "globaldefine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour.h"
 
 #include "addresswidget.h"

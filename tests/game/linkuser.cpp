@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // One use of the game link in a process of its own, so that a test sees its console and its end. Named by the first
 // two arguments, as a companion's are, so that it also stands in for the companion.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "gamepeer.h"
 
 #include <QDBusConnection>

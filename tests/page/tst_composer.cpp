@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "portal.h"
 
 #include "addresswidget.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigationrules.h"
 
 #include "globaldefine.h"

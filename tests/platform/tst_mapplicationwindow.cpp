@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "finger.h"
 #include "mapplicationpage.h"
 #include "mapplicationwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mabstractlayoutpolicy.h"
 #include "mapplicationpage.h"
 #include "mlayout.h"

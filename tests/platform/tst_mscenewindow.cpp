@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mapplicationwindow.h"
 #include "mscenewindow.h"
 

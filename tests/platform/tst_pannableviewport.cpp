@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mbutton.h"
 #include "mflowlayoutpolicy.h"
 #include "mlayout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mprogressindicator.h"
 #include "stage.h"
 

@@ -1,10 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "addresswidget.h"
 #include "globaldefine.h"
 
-#include <mapplication.h>
-#include <mapplicationpage.h>
-#include <mapplicationwindow.h>
-#include <mtextedit.h>
+#include "mapplication.h"
+#include "mapplicationpage.h"
+#include "mapplicationwindow.h"
+#include "mtextedit.h"
 
 #include <QGraphicsScene>
 #include <QPointer>

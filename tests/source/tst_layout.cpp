@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "mylayout.h"
 
-#include <mlayout.h>
+#include "mlayout.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsWidget>

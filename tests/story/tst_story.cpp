@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "loginfile.h"
 #include "runningservice.h"
 #include "story.h"

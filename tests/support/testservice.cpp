@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "testservice.h"
 
 #include "globaldefine.h"
