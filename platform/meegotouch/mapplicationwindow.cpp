@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mapplicationwindow.h"
 
+#include "maccessibility.h"
 #include "mapplicationpage.h"
 #include "mstyle.h"
 
@@ -47,6 +48,9 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
     m_scene->setStickyFocus(true);
     m_scene->setSceneRect(QRectF(QPointF(0, 0), sceneSize()));
     setScene(m_scene.get());
+    MAccessibility::install();
+    connect(m_scene.get(), &QGraphicsScene::focusItemChanged, this,
+            [](const QGraphicsItem *focused) { MAccessibility::tellFocus(focused); });
 
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -39,6 +39,9 @@ public:
     /// The page on display, the topmost if there are several; null if there is none.
     MApplicationPage *currentPage() const;
 
+    /// The dialog or list that everything else waits for; null if there is none.
+    MSceneWindow *topPanel() const;
+
     /// The scene in scene pixels: 480 x 814 in portrait.
     QSize sceneSize() const;
 
@@ -66,7 +69,6 @@ private:
 
     bool take(MSceneWindow *sceneWindow);
     void release(MSceneWindow *sceneWindow);
-    MSceneWindow *topPanel() const;
     void activateTopPanel();
 
     std::unique_ptr<QGraphicsScene> m_scene;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mbutton.h"
 
+#include "maccessibility.h"
 #include "mbuttongroup.h"
 #include "mstyle.h"
 
@@ -54,6 +55,12 @@ void MButton::setText(const QString &text)
     m_fitted = false;
     updateGeometry();
     update();
+    MAccessibility::tell(this, QAccessible::NameChanged);
+}
+
+MButtonGroup *MButton::group() const
+{
+    return m_group;
 }
 
 void MButton::setDown(bool down)
@@ -77,6 +84,7 @@ void MButton::setChecked(bool checked)
         return;
     m_checked = checked;
     update();
+    MAccessibility::tellChecked(this, checked);
     const QPointer<MButton> self(this);
     if (m_checked && m_group)
         m_group->uncheckOthers(this);

@@ -35,6 +35,9 @@ public:
     QString text() const { return m_text; }
     void setText(const QString &text);
 
+    /// Null if it is in none.
+    MButtonGroup *group() const;
+
     bool isDown() const { return m_down; }
     /// Shows the button held down or not; emits nothing.
     void setDown(bool down);
@@ -65,6 +68,7 @@ signals:
     void toggled(bool checked);
 
 protected:
+    QString shownText() const override { return m_text; }
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QGraphicsSceneResizeEvent *event) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mdialog.h"
 
+#include "maccessibility.h"
 #include "mapplicationwindow.h"
 #include "mbutton.h"
 #include "mstyle.h"
@@ -47,6 +48,7 @@ void MDialog::setTitle(const QString &title)
 {
     m_title = title;
     arrange();
+    MAccessibility::tell(this, QAccessible::NameChanged);
 }
 
 void MDialog::setCentralWidget(QGraphicsWidget *widget)

@@ -56,6 +56,7 @@ signals:
     void rejected();
 
 protected:
+    QString shownText() const override { return m_title; }
     /// Whether a tap beside the box rejects. False at the start.
     void setDismissedByTapOutside(bool dismissed) { m_dismissedByTapOutside = dismissed; }
 

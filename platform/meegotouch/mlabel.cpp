@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mlabel.h"
 
+#include "maccessibility.h"
 #include "mstyle.h"
 
 #include <QEvent>
@@ -46,6 +47,7 @@ void MLabel::setText(const QString &text)
         return;
     m_text = text;
     textChanged();
+    MAccessibility::tell(this, QAccessible::NameChanged);
 }
 
 void MLabel::setFont(const QFont &font)

@@ -40,6 +40,7 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
 protected:
+    QString shownText() const override { return m_text; }
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QGraphicsSceneResizeEvent *event) override;

@@ -15,6 +15,9 @@ public:
 
     QString text() const;
 
+protected:
+    QString shownText() const override { return text(); }
+
 private:
     MLabel *m_label;
 };

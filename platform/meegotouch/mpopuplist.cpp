@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mpopuplist.h"
 
+#include "maccessibility.h"
 #include "mpannableviewport.h"
 #include "mstyle.h"
 
@@ -175,6 +176,11 @@ QModelIndex MPopupList::currentIndex() const
     return m_rows->index(m_rows->current());
 }
 
+QRectF MPopupList::rowArea(int row) const
+{
+    return m_rows->mapRectToScene(m_rows->area(row));
+}
+
 void MPopupList::entering()
 {
     m_rows->setCurrent(-1);
@@ -213,6 +219,7 @@ void MPopupList::keyPressEvent(QKeyEvent *event)
 void MPopupList::moveTo(int row)
 {
     m_rows->setCurrent(row);
+    MAccessibility::tellCurrentRow(this, row);
     const QRectF area = m_rows->area(row);
     m_viewport->setPosition(
         qMin(area.top(), qMax(m_viewport->position(), area.bottom() - m_viewport->size().height())));

@@ -28,6 +28,12 @@ public:
     /// The row that the keyboard is on; invalid when it is on none.
     QModelIndex currentIndex() const;
 
+    /// Where @p row is, in scene pixels; it may be panned out of sight.
+    QRectF rowArea(int row) const;
+
+    /// What a tap on @p row does; ignored if there is no such row.
+    void pick(int row);
+
 signals:
     /// A row was picked. The list is off the display by then, so that this one or another may appear at once.
     void clicked(const QModelIndex &index);
@@ -40,7 +46,6 @@ private:
     class Rows;
 
     void moveTo(int row);
-    void pick(int row);
 
     MPannableViewport *m_viewport;
     Rows *m_rows;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mwidget.h"
 
+#include "maccessibility.h"
+
 #include <QGestureEvent>
 
 class MGestureFilter : public QObject {
@@ -27,4 +29,19 @@ MWidget::MWidget(QGraphicsItem *parent)
 void MWidget::gestureEvent(QGestureEvent *event)
 {
     event->ignore();
+}
+
+void MWidget::setAccessibleName(const QString &name)
+{
+    if (name == m_accessibleName)
+        return;
+    m_accessibleName = name;
+    MAccessibility::tell(this, QAccessible::NameChanged);
+}
+
+QVariant MWidget::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemVisibleHasChanged)
+        MAccessibility::tell(this, value.toBool() ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+    return QGraphicsWidget::itemChange(change, value);
 }
