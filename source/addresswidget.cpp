@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "addresswidget.h"
 
+#include "accessiblenames.h"
 #include "globaldefine.h"
 #include "mybutton.h"
 
@@ -41,6 +42,7 @@ AddressWidget::AddressWidget()
     m_policy->addItem(lblTo);
     btnAdd = new SelectButton(AddNewImage, AddNewImage, SelectButton::NoCaption);
     btnAdd->setPreferredSize(K_LINE_HEIGHT, K_LINE_HEIGHT);
+    btnAdd->setAccessibleName(localized(NAME_ADD_RECIPIENT));
     m_policy->addItem(btnAdd);
     connect(btnAdd, &MButton::clicked, this, &AddressWidget::on_btnNewAddressClicked);
 
@@ -156,6 +158,7 @@ InputDialog::InputDialog()
     , textInput(new MTextEdit(MTextEditModel::SingleLine))
 {
     textInput->setContentType(M::EmailContentType);
+    textInput->setAccessibleName(localized(TXT_EMAIL));
     setCentralWidget(textInput);
     setDismissedByTapOutside(true);
     // Ready to be typed into as soon as it appears.

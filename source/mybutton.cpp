@@ -103,6 +103,11 @@ void SelectButton::setBackgroundImage(int normalImageIdx, int pressedImageIdx)
     m_buttonIdxClicked = pressedImageIdx;
 }
 
+QString SelectButton::shownText() const
+{
+    return commandCaption(nTextIdx);
+}
+
 void SelectButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
     const QImage *image = ResManager::getInstance()->loadImage(isDown() ? m_buttonIdxClicked : m_buttonIdx);
@@ -119,6 +124,13 @@ ToggleButton::ToggleButton(int iconIdx, QGraphicsItem *parent, MButtonModel *mod
 {
     setCheckable(true);
     setViewType(MButton::iconType);
+    setAccessibleRole(QAccessible::PageTab);
+}
+
+QString ToggleButton::shownText() const
+{
+    const QString caption = tabCaption(m_iconIdx);
+    return m_badgeNumber == 0 ? caption : caption + QLatin1String(", ") + QString::number(m_badgeNumber);
 }
 
 void ToggleButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

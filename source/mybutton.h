@@ -23,6 +23,9 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
+protected:
+    QString shownText() const override;
+
 private:
     int m_buttonIdx;
     int m_buttonIdxClicked;
@@ -42,6 +45,10 @@ public:
 
     /// Number in the badge; 0 hides it. The next repaint shows a new number.
     int m_badgeNumber = 0;
+
+protected:
+    /// The caption and the number.
+    QString shownText() const override;
 
 private:
     int m_iconIdx;

@@ -47,6 +47,8 @@ MyQWebView::MyQWebView()
     const auto countPage = [this] { ++m_contentNumber; };
     connect(page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this, countPage);
     connect(this, &QGraphicsWebView::loadFinished, this, countPage);
+    connect(this, &QGraphicsWebView::titleChanged, this,
+            [this] { MAccessibility::tell(this, QAccessible::NameChanged); });
 }
 
 void MyQWebView::setEditable(bool editable)
@@ -57,6 +59,11 @@ void MyQWebView::setEditable(bool editable)
 void MyQWebView::back()
 {
     page()->triggerAction(QWebPage::Back);
+}
+
+QString MyQWebView::documentText() const
+{
+    return page()->mainFrame()->toPlainText();
 }
 
 bool MyQWebView::event(QEvent *event)

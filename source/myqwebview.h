@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "maccessibility.h"
 #include "mdoubletapguard.h"
 
 #include <QGraphicsWebView>
@@ -13,7 +14,7 @@ class QTouchEvent;
 /// context menu. A finger on a touch screen does what the mouse does; a wheel and the paging keys scroll too.
 ///
 /// The scroll state is shared by all instances: there is meant to be one at a time.
-class MyQWebView : public QGraphicsWebView, public MChangingContent {
+class MyQWebView : public QGraphicsWebView, public MAccessibleDocument, public MChangingContent {
     Q_OBJECT
 
 public:
@@ -27,6 +28,9 @@ public:
 
     /// Another number for every page, and for a page that has been loaded to its end.
     int contentNumber() const override { return m_contentNumber; }
+
+    QString documentTitle() const override { return title(); }
+    QString documentText() const override;
 
 public slots:
     /// One step of the coasting: moves the page on and slows down.

@@ -7,6 +7,7 @@
 #include "scriptfacade.h"
 #include "servicerequests.h"
 
+#include "maccessibility.h"
 #include "mlabel.h"
 
 #include <QNetworkAccessManager>
@@ -28,6 +29,7 @@ void setBadge(ToggleButton *tab, const QString &count)
 {
     tab->m_badgeNumber = count.toInt(nullptr, 10);
     tab->update();
+    MAccessibility::tell(tab, QAccessible::NameChanged);
 }
 
 } // namespace

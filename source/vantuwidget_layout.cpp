@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vantuwidget.h"
 
+#include "accessiblenames.h"
 #include "addresswidget.h"
 #include "globaldefine.h"
 #include "mybutton.h"
@@ -47,6 +48,7 @@ void VantuPage::initHeader()
     lblWebTitle->setWordWrap(true);
     lblWebTitle->setWordWrapMode(QTextOption::WordWrap);
     lblWebTitle->setColor(Qt::white);
+    lblWebTitle->setAccessibleRole(QAccessible::Heading);
     mainPolicy->addItemAtGeometry(lblWebTitle, QRectF(64, 0, 352, 58));
 
     selectButtons = new MButtonGroup;
@@ -75,6 +77,12 @@ void VantuPage::initHeader()
     place(btnSend = new MButton(localized(TXT_SEND)), Command::Send, QRectF(10, 10, 120, 40));
     place(btnEdit = new SelectButton(ButtonImage, ButtonPressedImage, SelectButton::EditCaption), Command::Edit,
           QRectF(width - 90, 10, 80, 35));
+    btnInfo->setAccessibleName(localized(NAME_INFO));
+    btnQuit->setAccessibleName(localized(NAME_QUIT));
+    btnNewMessage->setAccessibleName(localized(TXT_NEW_MESSAGE));
+    btnRecommend->setAccessibleName(localized(NAME_RECOMMEND));
+    btnInteract->setAccessibleName(localized(TXT_INTERACT));
+    btnAdd->setAccessibleName(localized(NAME_ADD_FRIENDS));
 }
 
 void VantuPage::initWebView()
@@ -100,6 +108,7 @@ void VantuPage::initComposer()
     const int width = g_nScreenWidth;
     progressIndicator = new MProgressIndicator;
     progressIndicator->setUnknownDuration(true);
+    progressIndicator->setAccessibleName(localized(TXT_LOADING));
     mainPolicy->addItemAtGeometry(progressIndicator, QRectF(190, 320, 80, 80));
 
     addrWidget = new AddressWidget;
@@ -114,6 +123,7 @@ void VantuPage::initComposer()
 
     txtMessage = new MTextEdit(MTextEditModel::MultiLine, QString());
     txtMessage->setFocusPolicy(Qt::ClickFocus);
+    txtMessage->setAccessibleName(localized(NAME_MESSAGE));
     // Deliberately past the footer, which is hidden while a message is written.
     mainPolicy->addItemAtGeometry(txtMessage, QRectF(10, 310, width - 20, 480));
     txtMessage->hide();

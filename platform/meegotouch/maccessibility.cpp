@@ -35,7 +35,7 @@ QRect onScreen(const MApplicationWindow *window, const QRectF &area)
 {
     if (!window)
         return QRect();
-    const QRect inView = window->mapFromScene(area).boundingRect();
+    const QRect inView = window->viewportTransform().mapRect(area).toRect();
     return QRect(window->viewport()->mapToGlobal(inView.topLeft()), inView.size());
 }
 
@@ -146,6 +146,21 @@ public:
     }
 };
 
+/// Qt counts the editors in the scene among the windows of the application: their parent knows better.
+class ApplicationInterface : public Parent<QAccessibleApplication> {
+public:
+    Interfaces children() const override
+    {
+        Interfaces found;
+        for (int i = 0; i < QAccessibleApplication::childCount(); ++i) {
+            QAccessibleInterface *window = QAccessibleApplication::child(i);
+            if (window && window->parent() == this)
+                found.append(window);
+        }
+        return found;
+    }
+};
+
 class WindowInterface : public Parent<QAccessibleWidget> {
 public:
     explicit WindowInterface(MApplicationWindow *window)
@@ -165,6 +180,14 @@ public:
                 collect(item, found);
         }
         return inReadingOrder(found);
+    }
+
+    // The focus is on the item that has it in the scene, if one has.
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.focused = state.focused && !static_cast<MApplicationWindow *>(widget())->scene()->focusItem();
+        return state;
     }
 };
 
@@ -450,6 +473,8 @@ bool isKnown(QObject *object)
 
 QAccessibleInterface *makeInterface(const QString &, QObject *object)
 {
+    if (object == QCoreApplication::instance())
+        return new ApplicationInterface;
     if (auto *window = qobject_cast<MApplicationWindow *>(object))
         return new WindowInterface(window);
     if (auto *tabs = qobject_cast<MButtonGroup *>(object))
