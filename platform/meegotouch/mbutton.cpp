@@ -260,7 +260,7 @@ QSizeF MButton::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
         return QSizeF(0, 0);
     if (which != Qt::PreferredSize)
         return MWidget::sizeHint(which, constraint);
-    const qreal textWidth = QFontMetricsF(font()).horizontalAdvance(m_text);
+    const qreal textWidth = QFontMetricsF(font()).horizontalAdvance(m_text.left(MStyle::laidOutCharacters));
     return QSizeF(qMax(MStyle::buttonMinimumWidth, textWidth + 2 * MStyle::buttonTextMargin), MStyle::buttonHeight);
 }
 
@@ -314,9 +314,10 @@ void MButton::drawText(QPainter *painter)
 
 void MButton::fitText(qreal width)
 {
+    const QString text = m_text.left(MStyle::laidOutCharacters);
     m_fittedFont = font();
     while (m_fittedFont.pixelSize() > MStyle::buttonSmallestTextSize
-           && QFontMetricsF(m_fittedFont).horizontalAdvance(m_text) > width)
+           && QFontMetricsF(m_fittedFont).horizontalAdvance(text) > width)
         m_fittedFont.setPixelSize(m_fittedFont.pixelSize() - 1);
-    m_fittedText = QFontMetricsF(m_fittedFont).elidedText(m_text, Qt::ElideRight, width);
+    m_fittedText = QFontMetricsF(m_fittedFont).elidedText(text, Qt::ElideRight, width);
 }

@@ -80,10 +80,11 @@ void MLabel::setWordWrapMode(QTextOption::WrapMode mode)
     textChanged();
 }
 
-/// The whole text in lines of at most @p width, as far as it can be broken; a negative width breaks nothing.
+/// The text, as far as it is laid out, in lines of at most @p width, as far as it can be broken; a negative width
+/// breaks nothing.
 QStringList MLabel::brokenLines(qreal width) const
 {
-    const QStringList paragraphs = m_text.split(QLatin1Char('\n'));
+    const QStringList paragraphs = m_text.left(MStyle::laidOutCharacters).split(QLatin1Char('\n'));
     if (!m_wordWrap || m_wrapMode == QTextOption::NoWrap || m_wrapMode == QTextOption::ManualWrap || width < 0)
         return paragraphs;
     QStringList lines;

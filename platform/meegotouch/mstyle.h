@@ -14,6 +14,8 @@ inline constexpr QSize landscapeSceneSize{814, 480};
 // Text: a phone's narrow letters where there are any, else what the system has
 inline constexpr const char *fontFamilies[] = {"Liberation Sans", "Nimbus Sans", "Arimo", "DejaVu Sans Condensed"};
 inline constexpr int fontPixelSize = 20;
+// As much of a text as is ever laid out: more than any label or button shows
+inline constexpr int laidOutCharacters = 1000;
 
 // Popups: a pane of dark glass over a dimmed page
 inline constexpr int fadeInDuration = 180;

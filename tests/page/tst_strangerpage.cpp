@@ -4,6 +4,7 @@
 #include "addresswidget.h"
 #include "mybutton.h"
 
+#include "mbutton.h"
 #include "mbuttongroup.h"
 #include "mlabel.h"
 #include "mmessagebox.h"
@@ -58,6 +59,10 @@ void StrangerPageTest::oddValues()
     };
     portal.loadPage(QStringLiteral("/vantu/games"), all());
     QTEST(portal.page->lblWebTitle->text(), "title");
+    // Kept whole, but laid out only as far as it could ever be seen.
+    constexpr qreal widest = 50000;
+    QVERIFY(portal.page->lblWebTitle->effectiveSizeHint(Qt::PreferredSize).width() < widest);
+    QVERIFY(MButton(portal.page->lblWebTitle->text()).effectiveSizeHint(Qt::PreferredSize).width() < widest);
     QVERIFY(!portal.page->progressIndicator->isVisible());
     portal.window.grab();
 }
