@@ -5,15 +5,13 @@
 #include "mdisplay.h"
 #include "mstyle.h"
 
-#include <QFontDatabase>
 #include <QSocketNotifier>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTimer>
 
-#include <algorithm>
 #include <array>
-#include <iterator>
+#include <utility>
 
 #include <errno.h>
 #include <fcntl.h>
@@ -106,12 +104,10 @@ MApplication::MApplication(int &argc, char **argv, const MDisplay &display)
     setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     setPalette(style()->standardPalette());
     QFont textFont = font();
-    // Not as a list of families: every font inherits that, and it would outdo the families that web pages name.
-    const QFontDatabase fonts;
-    const auto family = std::find_if(std::begin(MStyle::fontFamilies), std::end(MStyle::fontFamilies),
-                                     [&fonts](const char *name) { return fonts.hasFamily(QLatin1String(name)); });
-    if (family != std::end(MStyle::fontFamilies))
-        textFont.setFamily(QLatin1String(*family));
+    // Not as a list of families: every font inherits that, and it would outdo the families that web pages name. Nor by
+    // asking which of them there are: that would load every font of the system before the first page is asked for.
+    textFont.setFamily(MStyle::fontFamilies().first());
+    QFont::insertSubstitutions(MStyle::fontFamilies().first(), MStyle::fontFamilies().mid(1));
     textFont.setPixelSize(MStyle::fontPixelSize);
     setFont(textFont);
 }

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QSize>
+#include <QStringList>
 
 /// Every colour, radius, font size and duration of the widgets. Lengths are scene pixels, times milliseconds.
 namespace MStyle {
@@ -12,7 +13,11 @@ inline constexpr QSize portraitSceneSize{480, 814};
 inline constexpr QSize landscapeSceneSize{814, 480};
 
 // Text: a phone's narrow letters where there are any, else what the system has
-inline constexpr const char *fontFamilies[] = {"Liberation Sans", "Nimbus Sans", "Arimo", "DejaVu Sans Condensed"};
+inline QStringList fontFamilies()
+{
+    return {QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"), QStringLiteral("Arimo"),
+            QStringLiteral("DejaVu Sans Condensed")};
+}
 inline constexpr int fontPixelSize = 20;
 // As much of a text as is ever laid out: more than any label or button shows
 inline constexpr int laidOutCharacters = 1000;
