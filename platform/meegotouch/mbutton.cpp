@@ -260,7 +260,8 @@ QSizeF MButton::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
         return QSizeF(0, 0);
     if (which != Qt::PreferredSize)
         return MWidget::sizeHint(which, constraint);
-    const qreal textWidth = QFontMetricsF(font()).horizontalAdvance(m_text.left(MStyle::laidOutCharacters));
+    const qreal textWidth
+        = scene() ? QFontMetricsF(font()).horizontalAdvance(m_text.left(MStyle::laidOutCharacters)) : 0;
     return QSizeF(qMax(MStyle::buttonMinimumWidth, textWidth + 2 * MStyle::buttonTextMargin), MStyle::buttonHeight);
 }
 

@@ -151,7 +151,7 @@ void MLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget 
 
 QSizeF MLabel::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
 {
-    if (which == Qt::MinimumSize)
+    if (which == Qt::MinimumSize || (which == Qt::PreferredSize && !scene()))
         return QSizeF(0, 0);
     if (which != Qt::PreferredSize)
         return MWidget::sizeHint(which, constraint);

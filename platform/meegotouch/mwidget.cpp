@@ -26,6 +26,13 @@ MWidget::MWidget(QGraphicsItem *parent)
     installEventFilter(gestureFilter);
 }
 
+QVariant MWidget::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemSceneHasChanged)
+        updateGeometry();
+    return QGraphicsWidget::itemChange(change, value);
+}
+
 void MWidget::gestureEvent(QGestureEvent *event)
 {
     event->ignore();

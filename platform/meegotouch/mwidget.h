@@ -25,6 +25,10 @@ public:
     void setAccessibleRole(QAccessible::Role role) { m_accessibleRole = role; }
 
 protected:
+    /// Lets a widget that enters a scene be measured anew: outside of any, text is not measured, so that what is built
+    /// before it is shown loads no font.
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+
     /// Called with the gestures that were grabbed with grabGesture(), started on this widget or on one of its
     /// children. This implementation ignores them all, which leaves them to whoever lies beneath.
     virtual void gestureEvent(QGestureEvent *event);
