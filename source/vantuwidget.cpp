@@ -53,6 +53,9 @@ VantuPage::VantuPage(QGraphicsItem *parent)
     values.password = _password;
     values.rememberMe = !_rememberMe.isEmpty();
     webView->setUrl(QUrl(startUrl(values)));
+    // Deliberately not before the request is on its way: this starts the script engine, and the empty page that is
+    // there until the answer comes has no scripts. Each page that follows gets the object before its own scripts run.
+    QMetaObject::invokeMethod(this, &VantuPage::attachObjectToJS, Qt::QueuedConnection);
 
     nwAccessMgr = new QNetworkAccessManager;
     nwAccessMgr->setAutoDeleteReplies(true);
@@ -67,7 +70,6 @@ void VantuPage::connectUI()
     connect(webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this,
             &VantuPage::attachObjectToJS);
     scriptFacade = std::make_unique<ScriptFacade>(this, staticMetaObject);
-    attachObjectToJS();
     connect(addrWidget, &AddressWidget::btnAddressClicked, this, &VantuPage::on_btnAddAddressClicked);
     connect(&popupRecommend, &MPopupList::clicked, this, &VantuPage::on_UserRecommend);
     // One slot serves both lists: it tells the rows apart by their texts.
