@@ -30,6 +30,8 @@ QVariant MWidget::itemChange(GraphicsItemChange change, const QVariant &value)
 {
     if (change == ItemSceneHasChanged)
         updateGeometry();
+    else if (change == ItemVisibleHasChanged)
+        MAccessibility::tell(this, value.toBool() ? QAccessible::ObjectShow : QAccessible::ObjectHide);
     return QGraphicsWidget::itemChange(change, value);
 }
 
@@ -44,11 +46,4 @@ void MWidget::setAccessibleName(const QString &name)
         return;
     m_accessibleName = name;
     MAccessibility::tell(this, QAccessible::NameChanged);
-}
-
-QVariant MWidget::itemChange(GraphicsItemChange change, const QVariant &value)
-{
-    if (change == ItemVisibleHasChanged)
-        MAccessibility::tell(this, value.toBool() ? QAccessible::ObjectShow : QAccessible::ObjectHide);
-    return QGraphicsWidget::itemChange(change, value);
 }

@@ -25,10 +25,6 @@ public:
     void setAccessibleRole(QAccessible::Role role) { m_accessibleRole = role; }
 
 protected:
-    /// Lets a widget that enters a scene be measured anew: outside of any, text is not measured, so that what is built
-    /// before it is shown loads no font.
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
-
     /// Called with the gestures that were grabbed with grabGesture(), started on this widget or on one of its
     /// children. This implementation ignores them all, which leaves them to whoever lies beneath.
     virtual void gestureEvent(QGestureEvent *event);
@@ -36,6 +32,8 @@ protected:
     /// The text that the widget shows, if that names it.
     virtual QString shownText() const { return QString(); }
 
+    /// Lets a widget that enters a scene be measured anew: outside of any, text is not measured, so that what is built
+    /// before it is shown loads no font. Tells assistive programs of what appears and goes.
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
 private:
