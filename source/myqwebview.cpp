@@ -7,6 +7,7 @@
 #include <QGraphicsSceneWheelEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QSignalBlocker>
 #include <QTouchEvent>
 #include <QWebFrame>
 
@@ -43,6 +44,7 @@ MyQWebView::MyQWebView()
     page()->mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
     page()->mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
     initDrag();
+    connect(this, &QGraphicsWebView::loadFinished, this, [this](bool ok) { m_isEmpty = m_isEmpty && !ok; });
     // A page is shown from the first of the two on, or, where scripts are off, from some time before the second.
     const auto countPage = [this] { ++m_contentNumber; };
     connect(page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this, countPage);
@@ -56,9 +58,32 @@ void MyQWebView::setEditable(bool editable)
     m_isEditable = editable;
 }
 
+void MyQWebView::setUrl(const QUrl &url)
+{
+    m_isEmpty = true;
+    stop();
+    {
+        // The base class lets a parser of the old page's kind finish a page of nothing, and that of pictures takes it
+        // for granted that there is a picture. A page of our own in between changes the kind.
+        const QSignalBlocker blocker(this);
+        setContent(QByteArray(), QStringLiteral("text/html"), url);
+    }
+    load(url);
+}
+
 void MyQWebView::back()
 {
     page()->triggerAction(QWebPage::Back);
+}
+
+bool MyQWebView::keepsPage() const
+{
+    return !m_isEmpty && !quietPage()->hasFailed();
+}
+
+QuietPage *MyQWebView::quietPage() const
+{
+    return static_cast<QuietPage *>(page());
 }
 
 QString MyQWebView::documentText() const

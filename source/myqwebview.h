@@ -9,6 +9,7 @@
 #include <optional>
 
 class QTouchEvent;
+class QuietPage;
 
 /// Web view that scrolls under a dragging finger and coasts on after it is lifted. It has no scroll bars and no
 /// context menu. A finger on a touch screen does what the mouse does; a wheel and the paging keys scroll too.
@@ -23,8 +24,16 @@ public:
     /// Whether presses and taps reach the page (the initial state). Otherwise the view can only be scrolled.
     void setEditable(bool editable);
 
+    /// Loads @p url and reports it as the address at once. Hides the base class's, which does the same but crashes
+    /// where a picture is on display.
+    void setUrl(const QUrl &url);
+
     /// Goes back one step in the history, if there is one.
     void back();
+
+    /// True if the last load ended without a page to show (an empty answer, a download, an address for another program)
+    /// and has left the page before it on display.
+    bool keepsPage() const;
 
     /// Another number for every page, and for a page that has been loaded to its end.
     int contentNumber() const override { return m_contentNumber; }
@@ -47,12 +56,15 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    QuietPage *quietPage() const;
     void initDrag();
     void forgetDrag();
     void touchEvent(QTouchEvent *event);
     void followFinger(const QTouchEvent *event);
     void scrollPage(int x, int y);
 
+    /// Setting an address has taken the last page down, and no other has come since.
+    bool m_isEmpty = true;
     bool m_isEditable = true;
     int m_contentNumber = 0;
     /// The script of the page keeps the touch on the screen for itself.

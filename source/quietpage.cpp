@@ -1,12 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "quietpage.h"
 
-bool QuietPage::supportsExtension(Extension extension) const
+#include <QNetworkReply>
+
+QuietPage::QuietPage(QObject *parent)
+    : QWebPage(parent)
 {
-    return extension == ErrorPageExtension || QWebPage::supportsExtension(extension);
+    connect(this, &QWebPage::loadStarted, this, [this] { m_hasFailed = false; });
 }
 
-bool QuietPage::extension(Extension extension, const ExtensionOption *option, ExtensionReturn *output)
+bool QuietPage::supportsExtension(Extension extension) const
 {
-    return extension != ErrorPageExtension && QWebPage::extension(extension, option, output);
+    return extension == ErrorPageExtension;
+}
+
+bool QuietPage::extension(Extension extension, const ExtensionOption *option, ExtensionReturn *)
+{
+    if (extension != ErrorPageExtension)
+        return false;
+    const auto *error = static_cast<const ErrorPageExtensionOption *>(option);
+    const bool hasNothingToShow = error->domain == WebKit
+        || (error->domain == QtNetwork && error->error == QNetworkReply::ProtocolUnknownError);
+    if (error->frame == mainFrame() && !hasNothingToShow)
+        m_hasFailed = true;
+    return false;
 }

@@ -122,6 +122,10 @@ void VantuPage::detectErrorPage()
 
 void VantuPage::finishFailedLoad()
 {
+    if (state == Normal && webView->keepsPage()) {
+        updateButtonVisible();
+        return;
+    }
     if (state == Normal) {
         setButtonVisible(false);
         btnQuit->show();

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "portal.h"
 
+#include "addresswidget.h"
 #include "mybutton.h"
 #include "navigationrules.h"
 
+#include "mbutton.h"
+#include "mbuttongroup.h"
 #include "mlabel.h"
 #include "mprogressindicator.h"
 
+#include <QBuffer>
+#include <QImage>
 #include <QWebFrame>
 #include <QWebHistory>
 #include <QWebSettings>
@@ -19,6 +24,10 @@ private slots:
     void chromeDuringAndAfterALoad();
     void chromeFollowsTheUrl();
     void failedLoadLeavesAWayOut();
+    void anyKindOfPageCanBeLeft_data();
+    void anyKindOfPageCanBeLeft();
+    void linkWithoutAPageLeavesTheOneOnDisplay_data();
+    void linkWithoutAPageLeavesTheOneOnDisplay();
     void errorPageIsRecognised_data();
     void errorPageIsRecognised();
     void ordinaryPageIsNoErrorPage();
@@ -102,6 +111,85 @@ void LifecycleTest::failedLoadLeavesAWayOut()
     portal.service.comeBack();
     portal.loadPage(QStringLiteral("/vantu/games"));
     QVERIFY(!page.btnQuit->isVisible());
+}
+
+void LifecycleTest::anyKindOfPageCanBeLeft_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("content");
+    QByteArray png;
+    QBuffer buffer(&png);
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    picture.save(&buffer, "PNG");
+    QTest::newRow("picture") << QByteArray("image/png") << png;
+    QTest::newRow("broken picture") << QByteArray("image/png") << png.left(12);
+    QTest::newRow("empty picture") << QByteArray("image/jpeg") << QByteArray();
+    QTest::newRow("drawing") << QByteArray("image/svg+xml") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>");
+    QTest::newRow("broken XML") << QByteArray("text/xml") << QByteArray("<a><b");
+    QTest::newRow("text") << QByteArray("text/plain") << QByteArray("text");
+    QTest::newRow("sound") << QByteArray("audio/wav") << QByteArray("RIFF");
+}
+
+void LifecycleTest::anyKindOfPageCanBeLeft()
+{
+    QFETCH(QByteArray, type);
+    QFETCH(QByteArray, content);
+    Portal portal;
+    TestPage &page = *portal.page;
+    const auto tab = [&](int id) {
+        emit page.toggleButtons->buttonClicked(id);
+        const QString path = id == 0 ? QStringLiteral("/vantu/") : QStringLiteral("/vantu/friends");
+        QCOMPARE(portal.shownUrl(), Portal::url(path)); // At once, before the service has answered.
+        QTRY_VERIFY(!page.progressIndicator->isVisible());
+    };
+    portal.service.answer(QStringLiteral("/vantu/friends"), {content, 200, {}, 0, type});
+    tab(2);
+    tab(0);
+    page.openSendMessagePage();
+    emit page.addrWidget->btnAddressClicked();
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    emit page.selectButtons->buttonClicked(7);
+    QTRY_COMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/")));
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    QCOMPARE(page.state, Normal);
+}
+
+void LifecycleTest::linkWithoutAPageLeavesTheOneOnDisplay_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::newRow("empty answer") << Portal::url(QStringLiteral("/nothing"));
+    QTest::newRow("download") << Portal::url(QStringLiteral("/archive"));
+    QTest::newRow("mail") << QStringLiteral("mailto:support@vantu.test");
+    QTest::newRow("unknown scheme") << QStringLiteral("strange:address");
+}
+
+void LifecycleTest::linkWithoutAPageLeavesTheOneOnDisplay()
+{
+    QFETCH(QString, target);
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.service.answer(QStringLiteral("/nothing"), {{}, 204});
+    portal.service.answer(QStringLiteral("/archive"), {"PK", 200, {}, 0, "application/zip"});
+    const auto follow = [&] {
+        QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+        page.webView->page()->mainFrame()->evaluateJavaScript(QStringLiteral("location = '%1'").arg(target));
+        QVERIFY(finished.wait());
+    };
+    portal.loadPage(QStringLiteral("/vantu/friends"), {}, QStringLiteral("the friends"));
+    follow();
+    QVERIFY(page.btnAdd->isVisible() && page.btnFriend->isVisible());
+    QVERIFY(!page.btnQuit->isVisible());
+    QVERIFY(!page.progressIndicator->isVisible());
+    QCOMPARE(page.webView->page()->mainFrame()->toPlainText(), QStringLiteral("the friends"));
+
+    page.openSendMessagePage();
+    emit page.addrWidget->btnAddressClicked();
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    QVERIFY(page.webView->isVisible());
+    follow();
+    QVERIFY(page.addrWidget->isVisible() && page.btnCancel->isVisible() && !page.webView->isVisible());
+    QCOMPARE(page.addrWidget->getRecipientsCount(), 0);
 }
 
 void LifecycleTest::errorPageIsRecognised_data()

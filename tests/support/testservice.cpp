@@ -30,14 +30,14 @@ TestService::TestService()
             const QMutexLocker lock(&mutex);
             seen.append({method, url, bytes(request.get_header_value("Content-Type")),
                          bytes(request.get_header_value("Cookie")), bytes(request.body)});
-            answer = answers.value(url, answers.value(url.section(QLatin1Char('?'), 0, 0), {"not found", 404, {}, 0}));
+            answer = answers.value(url, answers.value(url.section(QLatin1Char('?'), 0, 0), {"not found", 404}));
         }
         emit requested(method, url);
         std::this_thread::sleep_for(std::chrono::milliseconds(answer.delay));
         response.status = answer.status;
         if (!answer.location.isEmpty())
             response.set_header("Location", answer.location.constData());
-        response.set_content(answer.html.constData(), answer.html.size(), "text/html; charset=utf-8");
+        response.set_content(answer.html.constData(), answer.html.size(), answer.type.constData());
     };
     server->set_keep_alive_max_count(1);
     server->set_pre_routing_handler([this](const httplib::Request &, httplib::Response &response) {

@@ -35,6 +35,7 @@ public:
         int status = 200;
         QByteArray location{}; ///< for redirections
         int delay = 0; ///< milliseconds before the answer begins
+        QByteArray type = "text/html; charset=utf-8";
     };
 
     TestService();
