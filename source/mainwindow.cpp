@@ -4,6 +4,10 @@
 #include "MyDbusService.h"
 #include "vantuwidget.h"
 
+#include <QGuiApplication>
+#include <QIcon>
+#include <QTimer>
+
 #include <cstdio>
 
 VantuPage *vantuWidget = nullptr;
@@ -14,6 +18,9 @@ MainWindow::MainWindow(QWidget *parent)
 {
     setPortraitOrientation();
     setOrientationLocked(true);
+    setWindowTitle(QStringLiteral("Vantu"));
+    // By this name the desktop finds the entry with the icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("vantu"));
 }
 
 MainWindow::~MainWindow()
@@ -26,6 +33,8 @@ void MainWindow::showExpanded()
     show();
     vantuWidget = new VantuPage;
     vantuWidget->appear(this, MSceneWindow::KeepWhenDone);
+    // For X11, where the window brings its own; after the first request.
+    QTimer::singleShot(0, this, [this] { setWindowIcon(QIcon(QStringLiteral(":/window/icon.png"))); });
 }
 
 void MainWindow::on_VantuExit()
