@@ -3,11 +3,11 @@
 
 #include "mapplicationwindow.h"
 #include "mdisplay.h"
+#include "minputmethodstate.h"
 #include "mstyle.h"
 
+#include <QProxyStyle>
 #include <QSocketNotifier>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QTimer>
 
 #include <array>
@@ -32,6 +32,24 @@ void onSignal(int)
     [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
     errno = savedErrno;
 }
+
+/// The widgets bring their own look; what they leave to Qt (text cursors, the form fields of web pages) must not turn
+/// dark or odd with the desktop's theme.
+class PlainStyle : public QProxyStyle {
+public:
+    PlainStyle()
+        : QProxyStyle(QStringLiteral("fusion"))
+    {
+    }
+
+    // A phone's field does not wait for a second tap.
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *answer) const override
+    {
+        return hint == SH_RequestSoftwareInputPanel ? int(RSIP_OnMouseClick)
+                                                    : QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+};
 
 // These are read while the base class is being constructed.
 int &prepared(int &argc)
@@ -99,9 +117,7 @@ MApplication::MApplication(int &argc, char **argv, const MDisplay &display)
 {
     if (!m_displayProblem.isEmpty())
         return;
-    // The widgets bring their own look; what they leave to Qt (text cursors, the form fields of web pages) must not
-    // turn dark or odd with the desktop's theme.
-    setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    setStyle(new PlainStyle);
     setPalette(style()->standardPalette());
     QFont textFont = font();
     // Not as a list of families: every font inherits that, and it would outdo the families that web pages name. Nor by
@@ -113,6 +129,15 @@ MApplication::MApplication(int &argc, char **argv, const MDisplay &display)
 }
 
 MApplication::~MApplication() = default;
+
+bool MApplication::notify(QObject *receiver, QEvent *event)
+{
+    // What takes text in a web page sends this one; the base class answers for Qt's own keyboards, and no receiver ever
+    // sees it.
+    if (event->type() == QEvent::RequestSoftwareInputPanel)
+        MInputMethodState::requestSoftwareInputPanel();
+    return QApplication::notify(receiver, event);
+}
 
 MApplication *MApplication::instance()
 {

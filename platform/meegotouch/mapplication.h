@@ -30,6 +30,8 @@ public:
     /// The window that the user is in, or else the one that was made last; null when there is none.
     static MApplicationWindow *activeApplicationWindow();
 
+    bool notify(QObject *receiver, QEvent *event) override;
+
 private:
     MApplication(int &argc, char **argv, const MDisplay &display);
 

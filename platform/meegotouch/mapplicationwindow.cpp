@@ -3,12 +3,15 @@
 
 #include "maccessibility.h"
 #include "mapplicationpage.h"
+#include "minputmethodstate.h"
 #include "mstyle.h"
 
 #include <QGraphicsScene>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 
 #include <algorithm>
@@ -66,6 +69,26 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
     setMinimumSize(sceneSize() / 3);
     const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     resize(openingSize(sceneSize(), screen()->availableSize() - QSize(0, titleBar)));
+    m_fillsScreen = fillsScreen(sceneSize(), screen()->size());
+    if (m_fillsScreen) {
+        // While the keyboard is up it is not full screen; it needs no frame then either.
+        setWindowFlag(Qt::FramelessWindowHint);
+        setWindowState(Qt::WindowFullScreen);
+    }
+
+    const QInputMethod *inputMethod = QGuiApplication::inputMethod();
+    connect(inputMethod, &QInputMethod::visibleChanged, this, &MApplicationWindow::makeRoomForKeyboard);
+    connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, &MApplicationWindow::makeRoomForKeyboard);
+    connect(inputMethod, &QInputMethod::cursorRectangleChanged, this, &MApplicationWindow::revealCursor);
+    connect(MInputMethodState::instance(), &MInputMethodState::shellPanelVisibleChanged, this,
+            &MApplicationWindow::makeRoomForKeyboard);
+    connect(m_scene.get(), &QGraphicsScene::focusItemChanged, this,
+            [this](const QGraphicsItem *item, const QGraphicsItem *, Qt::FocusReason reason) {
+                if (item && (item->flags() & QGraphicsItem::ItemAcceptsInputMethod))
+                    revealCursor();
+                else if (reason != Qt::PopupFocusReason)
+                    MInputMethodState::closeSoftwareInputPanel();
+            });
 }
 
 MApplicationWindow::~MApplicationWindow()
@@ -102,6 +125,11 @@ QSize MApplicationWindow::sceneSize() const
 QSize MApplicationWindow::openingSize(const QSize &scene, const QSize &available)
 {
     return scene == scene.boundedTo(available) ? scene : scene.scaled(available, Qt::KeepAspectRatio);
+}
+
+bool MApplicationWindow::fillsScreen(const QSize &scene, const QSize &screen)
+{
+    return screen.width() < screen.height() && screen.width() <= 1.25 * scene.width();
 }
 
 bool MApplicationWindow::viewportEvent(QEvent *event)
@@ -159,8 +187,48 @@ void MApplicationWindow::setOrientation(M::Orientation orientation)
 void MApplicationWindow::fitScene()
 {
     const QSizeF scene = sceneSize();
-    const qreal scale = qMin(viewport()->width() / scene.width(), viewport()->height() / scene.height());
+    // The keyboard's room is the viewport's loss, and of a window that is to fill the screen also its own.
+    const int fullHeight = m_fillsScreen ? qMax(height(), screen()->size().height()) : height();
+    const qreal scale = qMin(viewport()->width() / scene.width(), fullHeight / scene.height());
     setTransform(QTransform::fromScale(scale, scale));
+    for (MSceneWindow *sceneWindow : qAsConst(m_onDisplay))
+        sceneWindow->setGeometry(QRectF(QPointF(0, 0), scene));
+    revealCursor();
+}
+
+qreal MApplicationWindow::visibleHeight() const
+{
+    return qMin<qreal>(sceneSize().height(), viewport()->height() / transform().m22());
+}
+
+void MApplicationWindow::makeRoomForKeyboard()
+{
+    // Shells keep their keyboard beneath what is full screen, and tell how high it is by what they leave to the rest.
+    if (m_fillsScreen) {
+        const bool isShared = MInputMethodState::instance()->isShellPanelVisible();
+        setWindowState(isShared ? Qt::WindowMaximized : Qt::WindowFullScreen);
+    }
+    setViewportMargins(0, 0, 0, heightUnderKeyboard());
+}
+
+/// In pixels of the window; never all of it.
+int MApplicationWindow::heightUnderKeyboard() const
+{
+    const QInputMethod *keyboard = QGuiApplication::inputMethod();
+    if (!keyboard->isVisible() || keyboard->keyboardRectangle().isEmpty())
+        return 0;
+    // On the screen, whatever the documentation says: the keyboard is a window of its own.
+    const int top = mapFromGlobal(keyboard->keyboardRectangle().topLeft().toPoint()).y();
+    return qBound(0, height() - top, height() * 2 / 3);
+}
+
+void MApplicationWindow::revealCursor()
+{
+    if (verticalScrollBar()->minimum() == verticalScrollBar()->maximum())
+        return;
+    const QRect cursor = inputMethodQuery(Qt::ImCursorRectangle).toRectF().toAlignedRect();
+    if (cursor.isValid())
+        ensureVisible(mapToScene(cursor).boundingRect(), 0, MStyle::cursorMargin);
 }
 
 void MApplicationWindow::forwardKey(QKeyEvent *event)

@@ -16,11 +16,12 @@ class MSceneWindow;
 
 /// The window of an application: shows one scene of a phone's size, whatever the size of the window.
 ///
-/// It opens with one scene pixel a screen pixel, or smaller where the screen is; resized, it scales the scene with its
-/// aspect kept, centred on black. Key presses that no item of the scene has the focus for go to the topmost scene
-/// window. Nothing in it is pressed unseen (MDoubleTapGuard), and a key that is held down activates once. A destroyed
-/// window dismisses what it shows, and destroys only the scene windows that are not kept by their owners
-/// (MSceneWindow::DeletionPolicy).
+/// It opens with one scene pixel a screen pixel, or smaller where the screen is, and on a phone's screen as the whole
+/// of it; resized, it scales the scene with its aspect kept, centred on black. A software keyboard changes nothing in
+/// the scale: it covers a part of the scene, of which the text cursor stays in view. Key presses that no item of the
+/// scene has the focus for go to the topmost scene window. Nothing in it is pressed unseen (MDoubleTapGuard), and a key
+/// that is held down activates once. A destroyed window dismisses what it shows, and destroys only the scene windows
+/// that are not kept by their owners (MSceneWindow::DeletionPolicy).
 class MApplicationWindow : public QGraphicsView {
     Q_OBJECT
 
@@ -49,6 +50,12 @@ public:
     /// otherwise the largest of the same aspect that does.
     static QSize openingSize(const QSize &scene, const QSize &available);
 
+    /// Whether a screen of @p screen is about as narrow as a scene of @p scene, and therefore all for it.
+    static bool fillsScreen(const QSize &scene, const QSize &screen);
+
+    /// The height in scene pixels, from the top of the scene, that a software keyboard leaves in view.
+    qreal visibleHeight() const;
+
 protected:
     bool viewportEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -64,6 +71,9 @@ private:
 
     void setOrientation(M::Orientation orientation);
     void fitScene();
+    void makeRoomForKeyboard();
+    int heightUnderKeyboard() const;
+    void revealCursor();
     void forwardKey(QKeyEvent *event);
     void recallFocus();
 
@@ -77,5 +87,6 @@ private:
     QPointer<QGraphicsObject> m_focusBeneathPanels;
     M::Orientation m_orientation = M::Portrait;
     bool m_orientationLocked = false;
+    bool m_fillsScreen = false;
     bool m_closing = false;
 };

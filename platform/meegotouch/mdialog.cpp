@@ -8,8 +8,6 @@
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -28,8 +26,6 @@ MDialog::MDialog(const QString &title, M::StandardButtons buttons)
     setFlag(ItemIsFocusable);
     setFadeDuration(MStyle::fadeInDuration);
     setVisible(false);
-    connect(QGuiApplication::inputMethod(), &QInputMethod::visibleChanged, this, &MDialog::arrange);
-    connect(QGuiApplication::inputMethod(), &QInputMethod::keyboardRectangleChanged, this, &MDialog::arrange);
 
     if (buttons & M::OkButton)
         addButton(tr("OK"), &MDialog::accept);
@@ -68,21 +64,10 @@ void MDialog::setGeometry(const QRectF &rect)
     arrange();
 }
 
-// The part of the height that a software keyboard leaves.
-qreal MDialog::freeHeight() const
-{
-    const QInputMethod *keyboard = QGuiApplication::inputMethod();
-    const MApplicationWindow *window = applicationWindow();
-    if (!keyboard->isVisible() || keyboard->keyboardRectangle().isEmpty() || !window)
-        return size().height();
-    // On the screen, whatever the documentation says: the keyboard is a window of its own.
-    const QPoint top = window->viewport()->mapFromGlobal(keyboard->keyboardRectangle().topLeft().toPoint());
-    return qBound(size().height() / 3, window->mapToScene(top).y(), size().height());
-}
-
 void MDialog::arrange()
 {
-    const qreal available = freeHeight();
+    const MApplicationWindow *window = applicationWindow();
+    const qreal available = window ? qMin(window->visibleHeight(), size().height()) : size().height();
     const qreal width = qMax<qreal>(0, size().width() - 2 * MStyle::popupMargin);
     const qreal bar = m_title.isEmpty() ? 0 : MStyle::titleBarHeight;
     const qreal buttons = m_buttons.isEmpty() ? 0 : MStyle::dialogButtonHeight + MStyle::popupPadding;

@@ -78,7 +78,6 @@ private:
 
     void addButton(const QString &text, void (MDialog::*answer)());
     void finish(int result);
-    qreal freeHeight() const;
     void paintGlass(QPainter *painter) const;
     void paintTitle(QPainter *painter) const;
 

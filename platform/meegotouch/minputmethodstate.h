@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The software keyboard.
-class MInputMethodState {
+#include <QObject>
+
+/// The software keyboard: that of Qt's input method and, in a Wayland session, also that of the phone's shell, which Qt
+/// does not always reach.
+class MInputMethodState : public QObject {
+    Q_OBJECT
+
 public:
     static MInputMethodState *instance();
 
@@ -12,4 +17,21 @@ public:
 
     /// Asks for the keyboard for the text field that has the focus.
     static void requestSoftwareInputPanel();
+
+    /// Whether the shell has been asked for its keyboard, and has answered. What Qt's input method shows does not
+    /// count.
+    bool isShellPanelVisible() const { return m_isVisible; }
+
+signals:
+    void shellPanelVisibleChanged();
+
+private:
+    void want(bool visible);
+    void askShell();
+    void setVisible(bool visible);
+
+    bool m_isWanted = false;
+    bool m_isAskingSoon = false;
+    bool m_wasShellAsked = false;
+    bool m_isVisible = false;
 };

@@ -104,6 +104,7 @@ inline constexpr QColor spinnerDot{255, 255, 255};
 // Panning
 inline constexpr qreal wheelNotchDistance = 60;
 inline constexpr qreal revealMargin = 10;
+inline constexpr int cursorMargin = 40; // pixels of the window, above a software keyboard
 inline constexpr qreal positionBarWidth = 4;
 inline constexpr qreal positionBarMargin = 2;
 inline constexpr qreal positionBarSmallestLength = 24;

@@ -110,6 +110,7 @@ QWidget *MTextEdit::makeLine()
     m_line->setValidator(new OneLine(m_line));
     m_line->setTextMargins(int(MStyle::fieldPadding), 0, int(MStyle::fieldPadding), 0);
     connect(m_line, &QLineEdit::textChanged, this, &MTextEdit::textChanged);
+    connect(m_line, &QLineEdit::cursorPositionChanged, this, [this] { updateMicroFocus(); });
     connect(m_line, &QLineEdit::returnPressed, this, &MTextEdit::returnPressed);
     return m_line;
 }
@@ -124,6 +125,7 @@ QWidget *MTextEdit::makeArea()
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setTabChangesFocus(true);
     connect(m_area, &QTextEdit::textChanged, this, &MTextEdit::textChanged);
+    connect(m_area, &QTextEdit::cursorPositionChanged, this, [this] { updateMicroFocus(); });
     connect(m_area->verticalScrollBar(), &QScrollBar::valueChanged, this, &MTextEdit::showPosition);
     return m_area;
 }
@@ -190,7 +192,8 @@ bool MTextEdit::event(QEvent *event)
 bool MTextEdit::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_editor) {
-        if (event->type() == QEvent::FocusIn)
+        // A tap on the field also asks for a keyboard that was put away.
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonRelease)
             MInputMethodState::requestSoftwareInputPanel();
         if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
             update();

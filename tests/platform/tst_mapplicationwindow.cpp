@@ -4,6 +4,7 @@
 #include "mapplicationwindow.h"
 #include "mbutton.h"
 #include "mtextedit.h"
+#include "softwarekeyboard.h"
 #include "stage.h"
 
 #include <QKeyEvent>
@@ -66,6 +67,47 @@ private slots:
         window.resize(size);
         const QRect shown(window.mapFromScene(0, 0), window.mapFromScene(480, 814) - QPoint(1, 1));
         QTEST(shown, "shown");
+    }
+
+    void fillsTheScreenOfAPhone_data()
+    {
+        QTest::addColumn<QSize>("screen");
+        QTest::addColumn<bool>("filled");
+        QTest::newRow("phone") << QSize(360, 720) << true;
+        QTest::newRow("large phone") << QSize(540, 1140) << true;
+        QTest::newRow("phone held sideways") << QSize(720, 360) << false;
+        QTest::newRow("tablet") << QSize(800, 1280) << false;
+        QTest::newRow("small laptop") << QSize(480, 320) << false;
+    }
+
+    void fillsTheScreenOfAPhone()
+    {
+        QFETCH(QSize, screen);
+        QTEST(MApplicationWindow::fillsScreen(QSize(480, 814), screen), "filled");
+    }
+
+    void keepsItsScaleAndTheCursorInViewAboveTheKeyboard()
+    {
+        Stage stage;
+        MTextEdit upper(MTextEditModel::SingleLine);
+        MTextEdit lower(MTextEditModel::SingleLine);
+        stage.put(&upper, QRectF(10, 60, 460, 48));
+        stage.put(&lower, QRectF(10, 700, 460, 48));
+        const auto shownTop = [&stage] { return stage.window.mapToScene(0, 0).y(); };
+        HalfScreenKeyboard keyboard;
+        keyboard.window = &stage.window;
+        for (MTextEdit *field : {&upper, &lower, &upper}) {
+            field->setFocus(Qt::TabFocusReason);
+            keyboard.emitKeyboardRectChanged();
+            QCOMPARE(stage.window.transform().m11(), 1.0);
+            QCOMPARE(stage.window.visibleHeight(), 407.0);
+            QVERIFY(shownTop() <= field->y());
+            QVERIFY(shownTop() + 407 >= field->geometry().bottom());
+        }
+        keyboard.hideInputPanel();
+        keyboard.emitInputPanelVisibleChanged();
+        QCOMPARE(shownTop(), 0.0);
+        QCOMPARE(stage.window.visibleHeight(), 814.0);
     }
 
     void nothingScrollsIt()

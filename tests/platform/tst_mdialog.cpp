@@ -81,18 +81,6 @@ private:
     MTextEdit *m_field;
 };
 
-/// Covers the lower half of a window.
-class HalfScreenKeyboard : public SoftwareKeyboard {
-public:
-    const QWidget *window = nullptr;
-
-    QRectF keyboardRect() const override
-    {
-        const QSizeF half(window->width(), window->height() / 2.0);
-        return QRectF(window->mapToGlobal(QPoint(0, window->height() / 2)), half);
-    }
-};
-
 QPointF centreOf(const QGraphicsItem *item)
 {
     return item->sceneBoundingRect().center();

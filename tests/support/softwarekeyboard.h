@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QWidget>
 
 #include <private/qinputmethod_p.h>
 #include <qpa/qplatforminputcontext.h>
@@ -20,4 +21,16 @@ public:
 
 private:
     bool visible = false;
+};
+
+/// One that covers the lower half of @p window.
+class HalfScreenKeyboard : public SoftwareKeyboard {
+public:
+    const QWidget *window = nullptr;
+
+    QRectF keyboardRect() const override
+    {
+        const QSizeF half(window->width(), window->height() / 2.0);
+        return QRectF(window->mapToGlobal(QPoint(0, window->height() / 2)), half);
+    }
 };
