@@ -11,7 +11,6 @@
 
 namespace {
 
-const QString serviceName = QStringLiteral("com.quelmora.QtDBus.Torvane");
 const QString objectPath = QStringLiteral("/");
 
 /// The session bus, connected or not; when it is not, the player's console has been told how to start one.
@@ -40,7 +39,7 @@ void sendMessage(QString message)
     if (!bus.isConnected())
         return;
 
-    QDBusInterface game(serviceName, objectPath, QString(), bus);
+    QDBusInterface game(gameServiceName, objectPath, QString(), bus);
     if (!game.isValid()) {
         printLastError(bus);
         return;
@@ -61,7 +60,7 @@ int registerService()
     QDBusConnection bus = sessionBusOrHint();
     if (!bus.isConnected())
         return 0;
-    if (!bus.registerService(serviceName)) {
+    if (!bus.registerService(gameServiceName)) {
         printLastError(bus);
         return 0;
     }
@@ -77,7 +76,7 @@ bool isRunning()
     const QDBusConnection bus = sessionBusOrHint();
     if (!bus.isConnected())
         return false;
-    const QDBusInterface game(serviceName, objectPath, QString(), bus);
+    const QDBusInterface game(gameServiceName, objectPath, QString(), bus);
     if (!game.isValid()) {
         qDebug("-------------------IsRunning FAIL");
         return false;
@@ -89,4 +88,5 @@ bool isRunning()
 void ServiceHandler::recive(const QString &message)
 {
     qDebug() << QStringLiteral("->>>>>>>>> Recive") + message;
+    emit received(message);
 }

@@ -4,6 +4,9 @@
 #include <QObject>
 #include <QString>
 
+/// The game's name on the session bus.
+inline const QString gameServiceName = QStringLiteral("com.quelmora.QtDBus.Torvane");
+
 /// Tells the game what the player did last: "QUIT" or "RESUMEGAME".
 ///
 /// Blocks until the game has answered or the bus library's own time-out has passed (25 seconds for a game that
@@ -12,7 +15,8 @@
 void sendMessage(QString message);
 
 /// Takes the game's name on the session bus and answers the companion's calls there, through a ServiceHandler that
-/// lives for the process. Always returns 0, also without a bus or when somebody else owns the name.
+/// lives for the process and is the object registered at "/". Always returns 0, also without a bus or when somebody
+/// else owns the name.
 int registerService();
 
 /// Whether somebody owns the game's name on the session bus. False without a bus.
@@ -26,4 +30,8 @@ public slots:
     /// Writes one debug line with @p message, whatever it holds. Answers without a value, so a caller that asks for
     /// a string takes the reply for an error; that is how the two have always met. The spelling is the bus name.
     void recive(const QString &message);
+
+signals:
+    /// Deliberately more than the bus knows of: lets a game in this process hear @p message too.
+    void received(const QString &message);
 };
