@@ -6,7 +6,7 @@
 build_packages=(
     g++ cmake ninja-build pkgconf
     qtbase5-dev qtbase5-private-dev libqt5webkit5-dev qtsystems5-dev
-    libcpp-httplib-dev libctemplate-dev libsqlite3-dev libssl-dev
+    libcpp-httplib-dev libctemplate-dev libsqlitecpp-dev libcli11-dev libutfcpp-dev libssl-dev
     dbus-daemon dbus-bin fonts-liberation2 fonts-dejavu-core
 )
 # What a run on a machine without a display needs on top.

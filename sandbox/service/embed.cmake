@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
 
-# Writes OUTPUT, a C++ file that holds each of TEMPLATES as a string.
+# Writes OUTPUT, a C++ file that holds each of FILES as a string.
 set(entries "")
-foreach(file IN LISTS TEMPLATES)
+foreach(file IN LISTS FILES)
     get_filename_component(name "${file}" NAME)
     file(READ "${file}" text)
-    string(APPEND entries "    {\"${name}\", R\"__template__(${text})__template__\"},\n")
+    string(APPEND entries "    {\"${name}\", R\"__file__(${text})__file__\"},\n")
 endforeach()
-file(WRITE "${OUTPUT}" "#include \"embedded.h\"\n\nconst std::vector<EmbeddedTemplate> embeddedTemplates = {\n${entries}};\n")
+file(WRITE "${OUTPUT}" "#include \"embedded.h\"\n\nconst std::map<std::string, const char *> embeddedFiles = {\n${entries}};\n")

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <vector>
+#include <map>
+#include <string>
 
-/// A page template as it was when the service was built.
-struct EmbeddedTemplate {
-    const char *name;
-    const char *text;
-};
-
-extern const std::vector<EmbeddedTemplate> embeddedTemplates;
+/// The files of the service as they were when it was built, page templates and SQL, by name.
+extern const std::map<std::string, const char *> embeddedFiles;

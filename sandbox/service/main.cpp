@@ -1,73 +1,47 @@
 // SPDX-License-Identifier: MIT
-#include "database.h"
-#include "pages.h"
+#include "page.h"
 #include "server.h"
 #include "site.h"
 
+#include <CLI/CLI.hpp>
 #include <csignal>
-#include <getopt.h>
 #include <iostream>
 #include <pthread.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
-constexpr char usage[] = R"(usage: vantu-service [--port N] [--host ADDRESS] [--public] [--database FILE] [--log]
-
-  --port N         port to listen on, 0 for a free one (default 8790)
-  --host ADDRESS   address to listen on (default 127.0.0.1)
-  --public         allow an address that other machines can reach
-  --database FILE  keep everything in FILE (default: in memory, gone at the end)
-  --log            print a line for each request
-)";
-
-[[noreturn]] void refuse(const std::string &reason)
+void addOptions(CLI::App &line, Options &options)
 {
-    std::cerr << "vantu-service: " << reason << '\n' << usage;
-    std::exit(1);
+    line.add_option("--port", options.port, "Port to listen on, 0 for a free one")
+        ->check(CLI::Range(0, 65535))
+        ->capture_default_str();
+    line.add_option("--host", options.host, "Address to listen on")->capture_default_str();
+    line.add_flag("--public", options.isPublic,
+                  "Allow an address that other machines can reach: anybody there can then write in anybody's name");
+    line.add_option("--database", options.database, "Keep everything in this file (else in memory, gone at the end)");
+    line.add_option("--time-limit", options.timeLimit, "Seconds that a connection may take")
+        ->check(CLI::Range(1, 86400))
+        ->capture_default_str();
+    line.add_flag("--log", options.log, "Print a line for each request, passwords left out");
+    line.footer("Sign in as emma / emma123 or luca / luca123. SIGTERM, SIGINT and SIGHUP end it.");
+    line.callback([&line, &options] {
+        if (line.count("--database") > 0 && options.database.empty())
+            throw CLI::ValidationError("--database", "a file name is needed");
+        if (!options.isPublic && !isLoopback(options.host))
+            throw CLI::ValidationError(
+                "--host", "other machines could reach " + options.host + "; say --public if that is wanted");
+    });
 }
 
-Options optionsFrom(int argc, char *argv[])
+// A thousand idle connections are a thousand open files.
+void allowManyConnections()
 {
-    const option known[] = {{"port", required_argument, nullptr, 'p'},
-                            {"host", required_argument, nullptr, 'h'},
-                            {"public", no_argument, nullptr, 'u'},
-                            {"database", required_argument, nullptr, 'd'},
-                            {"log", no_argument, nullptr, 'l'},
-                            {"help", no_argument, nullptr, '?' + 1},
-                            {}};
-    Options options;
-    int choice = 0;
-    while ((choice = getopt_long(argc, argv, "", known, nullptr)) != -1) {
-        switch (choice) {
-        case 'p':
-            options.port = numberOf(optarg).value_or(65536);
-            if (options.port > 65535)
-                refuse("a port is a number from 0 to 65535");
-            break;
-        case 'h':
-            options.host = optarg;
-            break;
-        case 'u':
-            options.isPublic = true;
-            break;
-        case 'd':
-            options.database = optarg;
-            break;
-        case 'l':
-            options.log = true;
-            break;
-        case '?' + 1:
-            std::cout << usage;
-            std::exit(0);
-        default:
-            refuse("unknown option or missing value");
-        }
-    }
-    if (optind < argc)
-        refuse(std::string("unexpected argument ") + argv[optind]);
-    if (!options.isPublic && !isLoopback(options.host))
-        refuse("other machines could reach " + options.host + "; say --public if that is wanted");
-    return options;
+    rlimit files{};
+    getrlimit(RLIMIT_NOFILE, &files);
+    files.rlim_cur = std::min<rlim_t>(files.rlim_max, 4096);
+    setrlimit(RLIMIT_NOFILE, &files);
 }
 
 void serve(const Options &options)
@@ -75,14 +49,14 @@ void serve(const Options &options)
     // Blocked before any thread starts, so that only the wait below takes them.
     sigset_t endings;
     sigemptyset(&endings);
-    sigaddset(&endings, SIGTERM);
-    sigaddset(&endings, SIGINT);
-    sigaddset(&endings, SIGHUP);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        sigaddset(&endings, signal);
     pthread_sigmask(SIG_BLOCK, &endings, nullptr);
+    allowManyConnections();
+    umask(S_IRWXG | S_IRWXO);
 
     loadTemplates();
-    Database database(options.database);
-    Site site(database, options.database.empty());
+    Site site(options.database);
     Server server(site, options);
     const int port = server.start();
     const bool isSix = options.host.find(':') != std::string::npos;
@@ -97,9 +71,15 @@ void serve(const Options &options)
 
 int main(int argc, char *argv[])
 {
+    Options options;
+    CLI::App line("A complete local Vantu service, to try out the companion with.", "vantu-service");
+    addOptions(line, options);
     try {
-        serve(optionsFrom(argc, argv));
+        line.parse(argc, argv);
+        serve(options);
         return 0;
+    } catch (const CLI::ParseError &error) {
+        return line.exit(error) == 0 ? 0 : 1;
     } catch (const std::exception &error) {
         std::cerr << "vantu-service: " << error.what() << std::endl;
         return 1;

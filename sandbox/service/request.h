@@ -18,6 +18,7 @@ struct Request {
     std::string target;
     Fields query;
     Fields form;
+    /// What the session cookie holds; empty when none came.
     std::string sessionId;
 };
 
@@ -34,13 +35,15 @@ std::string value(const Fields &fields, std::string_view name);
 std::vector<std::string> values(const Fields &fields, std::string_view name);
 
 /// Splits @p target into path and query of @p request. A target with scheme and host, as a proxy gets it, is taken too.
-void setTarget(Request &request, const std::string &target);
+void setTarget(Request &request, std::string_view target);
 
-/// Whether @p text is well-formed UTF-8 without NUL bytes, at most @p longest bytes.
+/// Whether @p text is well-formed UTF-8 without NUL bytes, at most @p longest characters.
 bool isText(const std::string &text, std::size_t longest);
 
-/// @p target fit for a log: the value of "pass" is replaced, also when it was not encoded and holds a "&".
-std::string withoutPassword(const std::string &target);
+/// @p text in one line that a terminal shows as it stands: quotes, backslashes, controls and what is not UTF-8 are
+/// escaped.
+std::string printable(const std::string &text);
 
-/// One line that shows @p request: method, target, @p status and the form fields, passwords left out.
+/// One line that shows @p request: method, target, @p status and the form fields, passwords left out, also one that was
+/// not encoded and holds a "&".
 std::string logLine(const Request &request, int status);

@@ -1,90 +1,129 @@
 // SPDX-License-Identifier: MIT
 #include "site.h"
 
+#include "embedded.h"
+#include "page.h"
+#include "secrets.h"
+
 #include <algorithm>
+#include <ctime>
+#include <filesystem>
 #include <iostream>
-
-const std::vector<Site::Route> Site::routes = {
-    {"GET", "/vantu", Route::Anybody, &Site::home},
-    {"GET", "/vantu/login", Route::Anybody, &Site::loginPage},
-    {"GET", "/vantu/login/index", Route::Anybody, &Site::loginPage},
-    {"POST", "/vantu/login", Route::Anybody, &Site::login},
-    {"GET", "/vantu/logout", Route::Anybody, &Site::logout},
-    {"GET", "/vantu/info", Route::Anybody, &Site::info},
-    {"GET", "/vantu/error", Route::Anybody, &Site::errorPage},
-    {"GET", "/vantu/slow", Route::Anybody, &Site::slowPage},
-    {"GET", "/vantu/broken", Route::Anybody, &Site::brokenPage},
-
-    {"GET", "/vantu/messages/index", Route::Player, &Site::inbox},
-    {"GET", "/vantu/messages/index/uid/*", Route::Player, &Site::conversation},
-    {"GET", "/vantu/messages/sent", Route::Player, &Site::sentMessages},
-
-    {"GET", "/vantu/friends", Route::Player, &Site::friends},
-    {"GET", "/vantu/friends/index/page/*", Route::Player, &Site::friends},
-    {"GET", "/vantu/friends/add-friends", Route::Player, &Site::addFriends},
-    {"GET", "/vantu/friends/show-invite-email", Route::Player, &Site::invitations},
-    {"GET", "/vantu/friends/delete-friend/uid/*", Route::Player, &Site::deleteFriend},
-    {"GET", "/vantu/friends/evaluate/fid/*/value/*", Route::Player, &Site::evaluate},
-
-    {"GET", "/vantu/account", Route::Player, &Site::account},
-    {"GET", "/vantu/account/edit", Route::Player, &Site::editAccount},
-    {"POST", "/vantu/account/edit", Route::Player, &Site::saveAccount},
-    {"GET", "/vantu/account/index/uid/*", Route::Player, &Site::profile},
-    {"GET", "/vantu/account/add-friend/uid/*", Route::Player, &Site::addFriend},
-
-    {"GET", "/vantu/games", Route::Player, &Site::games},
-    {"GET", "/vantu/games/show-game/gid/*", Route::Player, &Site::showGame},
-    {"GET", "/vantu/games/show-game/gid/*/fb_send/yes", Route::Player, &Site::toFacebook},
-    {"GET", "/vantu/games/trophies/gid/*", Route::Player, &Site::trophies},
-    {"GET", "/vantu/games/compare/uid/*", Route::Player, &Site::compare},
-    {"GET", "/vantu/games/recommend-via-mail/id", Route::Player, &Site::mailPreview},
-    {"GET", "/vantu/games/recommend-via-mail/id/*", Route::Player, &Site::mailPreview},
-    {"GET", "/vantu/games/recommend-via-twitter/id/*", Route::Player, &Site::twitterPage},
-    {"POST", "/vantu/games/recommend-via-twitter/id/*", Route::Player, &Site::tweet},
-    {"GET", "/vantu/games/signal-twitter-send/gid/*", Route::Player, &Site::tweeted},
-    {"GET", "/vantu/facebook/share/gid/*", Route::Player, &Site::facebookPage},
-    {"POST", "/vantu/facebook/share/gid/*", Route::Player, &Site::shareOnFacebook},
-
-    // The companion's own requests bring no cookie: the id in the path says who asks.
-    {"POST", "/vantu/messages/send-message/android_uid/*", Route::Anybody, &Site::sendMessage},
-    {"POST", "/vantu/games/recommend-via-mail/id/?/android_uid/*", Route::Anybody, &Site::invite},
-    {"POST", "/vantu/index/add-trophy?/android_uid/*/kvb_game/*", Route::Anybody, &Site::addTrophies},
-};
+#include <regex>
 
 namespace {
 
-std::vector<std::string> segments(std::string path)
+/// Of the tables, for files that an earlier service left behind.
+constexpr int schemaVersion = 2;
+constexpr std::time_t longestPause = 24 * 60 * 60;
+constexpr int longestWait = 10000;
+
+void fill(SQLite::Database &database)
 {
-    if (!path.empty() && path.back() == '/')
-        path.pop_back();
-    std::vector<std::string> result;
-    for (std::size_t start = 0; start <= path.size();) {
-        const std::size_t end = std::min(path.find('/', start), path.size());
-        result.push_back(path.substr(start, end - start));
-        start = end + 1;
+    database.exec(embeddedFiles.at("schema.sql"));
+    database.exec(embeddedFiles.at("seed.sql"));
+    SQLite::Statement players(database, "SELECT id, login FROM player");
+    while (players.executeStep()) {
+        SQLite::Statement statement(database, "UPDATE player SET password = ? WHERE id = ?");
+        // Documented, so that everybody can sign in as anybody.
+        SQLite::bind(statement, passwordHash(players.getColumn(1).getString() + "123"),
+                     players.getColumn(0).getString());
+        statement.exec();
     }
-    return result;
+    database.exec("PRAGMA user_version = " + std::to_string(schemaVersion));
 }
 
-bool matches(const std::string &pattern, const std::vector<std::string> &path, std::vector<std::string> &arguments)
+const std::vector<std::pair<std::regex, Route>> &routes()
 {
-    const std::vector<std::string> expected = segments(pattern);
-    if (expected.size() != path.size())
-        return false;
-    arguments.clear();
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        const char kind = expected[i].empty() ? '\0' : expected[i].back();
-        if (kind != '*' && kind != '?') {
-            if (expected[i] != path[i])
-                return false;
-            continue;
+    static const auto table = [] {
+        std::vector<std::pair<std::regex, Route>> result;
+        for (const auto *slice : {&accountRoutes, &peopleRoutes, &messageRoutes, &gameRoutes, &trialRoutes}) {
+            for (const Route &route : *slice) {
+                std::string expression;
+                for (const char *c = route.pattern; *c; ++c)
+                    expression += *c == '*' ? "([^/]+)" : *c == '?' ? "([^/]*)" : std::string(1, *c);
+                result.emplace_back(expression + "/?", route);
+            }
         }
-        const std::size_t fixed = expected[i].size() - 1;
-        if (path[i].compare(0, fixed, expected[i], 0, fixed) != 0 || (kind == '*' && path[i].size() == fixed))
-            return false;
-        arguments.push_back(path[i].substr(fixed));
+        return result;
+    }();
+    return table;
+}
+
+Reply dispatch(Visit &visit)
+{
+    const std::string method = visit.request.method == "HEAD" ? "GET" : visit.request.method;
+    for (const auto &[expression, route] : routes()) {
+        std::smatch found;
+        if (method != route.method || !std::regex_match(visit.request.path, found, expression))
+            continue;
+        if (route.access == Route::PlayerOnly && visit.player.id.empty())
+            return redirection("/vantu/login");
+        visit.arguments.assign(found.begin() + 1, found.end());
+        return route.handler(visit);
     }
-    return true;
+    throw Refusal{404};
+}
+
+Reply problem(Visit &visit, int status)
+{
+    Page page(visit.session.language, "problem.tpl", visit.say("T_PROBLEM"));
+    page.set("TEXT", visit.say(status == 404 ? "NOT_FOUND" : "BAD_REQUEST"));
+    Reply reply = page.reply(visit);
+    reply.status = status;
+    return reply;
+}
+
+// Says nothing but the sentence: a page that called the player a stranger would make the companion forget the login.
+Reply failure(Language language)
+{
+    Reply reply;
+    reply.status = 500;
+    try {
+        reply.body = Page(language, "error.tpl", phrase("T_ERROR", language)).html();
+    } catch (const std::exception &) {
+        reply.body = phrase("ERROR_SENTENCE", language);
+    }
+    return reply;
+}
+
+void loadSession(Visit &visit)
+{
+    const std::string &id = visit.request.sessionId;
+    SQLite::Statement row = visit.query(
+        R"(SELECT player, language, game, sealed_token, notice, search, login_unknown FROM session
+           WHERE hash = ? AND used > ?)",
+        tokenHash(id), std::time(nullptr) - longestPause);
+    visit.isKnown = row.executeStep();
+    if (visit.isKnown) {
+        visit.session = {row.getColumn(0),
+                         static_cast<Language>(row.getColumn(1).getInt()),
+                         row.getColumn(2),
+                         sealed(row.getColumn(3), id),
+                         row.getColumn(4),
+                         row.getColumn(5),
+                         row.getColumn(6).getInt() != 0};
+    } else {
+        visit.session.loginUnknown = !id.empty();
+    }
+    if (!visit.session.player.empty())
+        visit.player = visit.playerOf(visit.session.player);
+}
+
+void keepSession(const Visit &visit, Reply &reply)
+{
+    if (!visit.isKnown && !visit.renewed)
+        return;
+    const Session &session = visit.session;
+    const std::time_t now = std::time(nullptr);
+    std::string id = visit.request.sessionId;
+    if (visit.renewed) {
+        visit.change("DELETE FROM session WHERE hash = ? OR used <= ?", tokenHash(id), now - longestPause);
+        reply.sessionId = id = randomToken();
+    }
+    visit.change("INSERT OR REPLACE INTO session VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?)", tokenHash(id), session.player,
+                 static_cast<int>(session.language), session.game, sealed(session.loginToken, id), session.notice,
+                 session.search, session.loginUnknown ? 1 : 0, now);
 }
 
 } // namespace
@@ -111,76 +150,86 @@ Reply plainText(const std::string &text)
     return reply;
 }
 
-Site::Site(Database &database, bool showGuests)
-    : m_database(database)
-    , m_showGuests(showGuests)
+std::string Visit::say(std::string_view key, const std::string &insert) const
 {
+    return phrase(key, session.language, insert);
+}
+
+Player Visit::playerOf(const std::string &id) const
+{
+    SQLite::Statement row = query("SELECT id, login, name FROM player WHERE id = ?", id);
+    return row.executeStep() ? Player{row.getColumn(0), row.getColumn(1), row.getColumn(2)} : throw Refusal{404};
+}
+
+bool Visit::isFriend(const std::string &id) const
+{
+    return exists("SELECT 1 FROM friendship WHERE player = ? AND friend = ?", player.id, id);
+}
+
+Game Visit::gameOf(const std::string &number) const
+{
+    SQLite::Statement row = query("SELECT id, name FROM game WHERE id = ?", numberOf(number).value_or(0));
+    return row.executeStep() ? Game{row.getColumn(0), row.getColumn(1)} : throw Refusal{404};
+}
+
+Game Visit::optionalGame(const std::string &number) const
+{
+    return number.empty() ? Game() : gameOf(number);
+}
+
+Site::Site(const std::string &file)
+    : m_database(file.empty() ? ":memory:" : file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 2000)
+    , m_showGuests(file.empty())
+{
+    if (!file.empty())
+        std::filesystem::permissions(file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    m_database.exec("PRAGMA foreign_keys = ON");
+    SQLite::Transaction transaction(m_database);
+    if (!m_database.tableExists("player"))
+        fill(m_database);
+    if (m_database.execAndGet("PRAGMA user_version").getInt() != schemaVersion)
+        throw std::runtime_error("the database " + file + " is another version's");
+    transaction.commit();
 }
 
 Reply Site::answer(const Request &request)
 {
-    Visit visit{request, {}, {}, {}, false};
+    waitIfAsked(request);
+    const std::lock_guard lock(m_mutex);
     try {
-        const std::optional<Session> before = m_sessions.find(request.sessionId);
-        visit.session = before.value_or(Session());
-        visit.session.language = languageOf(value(request.query, "lg"), visit.session.language);
-        visit.player = m_database.player(visit.session.player);
-        Reply reply = dispatch(visit);
-        keepSession(visit, before, reply);
+        return attempt(request, dispatch);
+    } catch (const Refusal &refusal) {
+        return attempt(request, [&refusal](Visit &visit) { return problem(visit, refusal.status); });
+    }
+}
+
+Reply Site::attempt(const Request &request, const std::function<Reply(Visit &visit)> &handler)
+{
+    Visit visit{request, m_database, m_showGuests};
+    try {
+        SQLite::Transaction transaction(m_database);
+        loadSession(visit);
+        Reply reply = handler(visit);
+        keepSession(visit, reply);
+        // Who only asks for the head of a page has not seen it, and nothing is changed by looking.
+        if (request.method != "HEAD")
+            transaction.commit();
         return reply;
     } catch (const std::exception &error) {
-        std::cerr << "vantu-service: " << request.path << ": " << error.what() << std::endl;
+        std::cerr << "vantu-service: " << printable(request.path) << ": " << error.what() << std::endl;
+        return failure(visit.session.language);
     }
-    return failure(visit);
 }
 
-// A page that calls the player a stranger would make the companion forget the login, so when it is not even known who
-// asks, the page says nothing but the sentence.
-Reply Site::failure(Visit &visit)
+// A page that keeps its visitor waiting must not keep the others.
+void Site::waitIfAsked(const Request &request)
 {
-    Reply reply;
-    try {
-        if (visit.player || visit.session.player.empty())
-            reply = errorPage(visit);
-    } catch (const std::exception &) {
-        reply.body.clear();
-    }
-    if (reply.body.empty())
-        reply.body
-            = "<!DOCTYPE html><meta charset=\"utf-8\"><p>" + phrase("ERROR_SENTENCE", visit.session.language) + "</p>";
-    reply.status = 500;
-    return reply;
-}
-
-Reply Site::dispatch(Visit &visit)
-{
-    const std::vector<std::string> path = segments(visit.request.path);
-    const std::string method = visit.request.method == "HEAD" ? "GET" : visit.request.method;
-    for (const Route &route : routes) {
-        if (method != route.method || !matches(route.pattern, path, visit.arguments))
-            continue;
-        if (route.access == Route::Player && !visit.player)
-            return redirection("/vantu/login");
-        try {
-            return (this->*route.handler)(visit);
-        } catch (const Refusal &refusal) {
-            return problem(visit, refusal.status);
-        }
-    }
-    return problem(visit, 404);
-}
-
-void Site::keepSession(const Visit &visit, const std::optional<Session> &before, Reply &reply)
-{
-    if (!visit.renewed && visit.session == before.value_or(Session()))
+    if (request.path != "/vantu/slow")
         return;
-    if (before && !visit.renewed) {
-        m_sessions.update(visit.request.sessionId, visit.session);
-        return;
-    }
-    // Whoever gains or loses rights gets a new id, so that an id known before is worth nothing after.
-    m_sessions.remove(visit.request.sessionId);
-    reply.sessionId = m_sessions.create(visit.session);
+    std::unique_lock lock(m_waitMutex);
+    m_stopped.wait_for(
+        lock, std::chrono::milliseconds(std::min(numberOf(value(request.query, "ms")).value_or(0), longestWait)),
+        [this] { return m_stopping; });
 }
 
 void Site::stop()
@@ -188,99 +237,4 @@ void Site::stop()
     const std::lock_guard lock(m_waitMutex);
     m_stopping = true;
     m_stopped.notify_all();
-}
-
-Reply Site::show(Visit &visit, Page &page, const std::string &title)
-{
-    const Language language = visit.session.language;
-    PageVariables &variables = page.variables;
-    variables.title = title;
-    if (visit.player) {
-        variables.userUid = visit.player->id;
-        variables.unread = m_database.unread(visit.player->id);
-        variables.loginToken = visit.session.loginToken;
-        variables.rememberMe = !visit.session.loginToken.empty();
-        variables.loginName = variables.rememberMe ? visit.player->login : std::string();
-    }
-    if (variables.gameId.empty() && visit.session.game > 0)
-        variables.gameId = std::to_string(visit.session.game);
-    if (const auto game = m_database.game(numberOf(variables.gameId).value_or(0), "", language))
-        variables.subject = phrase("INVITE_SUBJECT", language, game->name);
-    page.setNotice(visit.session.notice);
-    visit.session.notice.clear();
-    Reply reply;
-    reply.body = page.html();
-    return reply;
-}
-
-void Site::setAbout(Visit &visit, Page &page, const Player &player)
-{
-    const bool other = visit.player && visit.player->id != player.id;
-    page.variables.userId = player.id;
-    page.variables.userName = player.name;
-    page.variables.isFriend = other && m_database.areFriends(visit.player->id, player.id);
-    page.variables.showAdd = other && !page.variables.isFriend;
-    page.variables.showEvaluate = page.variables.isFriend;
-}
-
-Player Site::playerOf(const std::string &id)
-{
-    const auto player = m_database.player(id);
-    return player ? *player : throw Refusal{404};
-}
-
-Game Site::gameOf(const std::string &number, const std::string &playerId, Language language)
-{
-    const auto game = m_database.game(numberOf(number).value_or(0), playerId, language);
-    return game ? *game : throw Refusal{404};
-}
-
-int Site::optionalGame(const std::string &number)
-{
-    return number.empty() ? 0 : gameOf(number, "", Language::English).id;
-}
-
-Reply Site::info(Visit &visit)
-{
-    Page page("info.tpl", visit.session.language);
-    return show(visit, page, phrase("T_INFO", visit.session.language));
-}
-
-Reply Site::errorPage(Visit &visit)
-{
-    Page page("error.tpl", visit.session.language);
-    return show(visit, page, phrase("T_ERROR", visit.session.language));
-}
-
-// A page that keeps the visitor waiting for a while, ten seconds at most.
-Reply Site::slowPage(Visit &visit)
-{
-    const auto wanted = numberOf(value(visit.request.query, "ms"));
-    if (!wanted)
-        throw Refusal{400};
-    const int milliseconds = std::min(*wanted, 10000);
-    {
-        std::unique_lock lock(m_waitMutex);
-        m_stopped.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return m_stopping; });
-    }
-    Page page("slow.tpl", visit.session.language);
-    page.content().set("TEXT", phrase("WAITED", visit.session.language, std::to_string(milliseconds)));
-    return show(visit, page, "Vantu");
-}
-
-// A page that never arrives whole.
-Reply Site::brokenPage(Visit &visit)
-{
-    Reply reply = info(visit);
-    reply.dropped = true;
-    return reply;
-}
-
-Reply Site::problem(Visit &visit, int status)
-{
-    Page page("problem.tpl", visit.session.language);
-    page.content().set("TEXT", phrase(status == 404 ? "NOT_FOUND" : "BAD_REQUEST", visit.session.language));
-    Reply reply = show(visit, page, phrase("T_PROBLEM", visit.session.language));
-    reply.status = status;
-    return reply;
 }

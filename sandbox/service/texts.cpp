@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utf8cpp/utf8.h>
 
 namespace {
 
@@ -25,6 +26,7 @@ std::string formatted(const char *format, std::time_t moment)
 
 } // namespace
 
+// French has a space before colon, question and exclamation mark, at which no line may break.
 // clang-format off
 const std::vector<Phrase> phrases = {
     // Titles: they stand in the header of the companion, so they are short.
@@ -37,6 +39,7 @@ const std::vector<Phrase> phrases = {
     {"T_INVITATIONS", {"Invitations", "Invitations", "Einladungen", "Inviti", "Invitaciones"}},
     {"T_GAMES", {"Games", "Jeux", "Spiele", "Giochi", "Juegos"}},
     {"T_TROPHIES", {"Trophies", "Trophées", "Trophäen", "Trofei", "Trofeos"}},
+    {"TROPHIES_COUNTED", {"trophies", "trophées", "Trophäen", "trofei", "trofeos"}},
     {"T_COMPARE", {"Compare games", "Comparer", "Vergleich", "Confronta", "Comparar"}},
     {"T_ACCOUNT", {"My account", "Mon compte", "Mein Konto", "Il mio account", "Mi cuenta"}},
     {"T_EDIT", {"Edit account", "Modifier", "Bearbeiten", "Modifica", "Editar"}},
@@ -60,7 +63,7 @@ const std::vector<Phrase> phrases = {
     {"PASSWORD", {"Password", "Mot de passe", "Passwort", "Password", "Contraseña"}},
     {"REMEMBER_ME", {"Remember me", "Se souvenir de moi", "Angemeldet bleiben", "Ricordami", "Recordarme"}},
     {"WRONG_LOGIN", {"User name or password is wrong.", "Identifiant ou mot de passe incorrect.", "Benutzername oder Passwort ist falsch.", "Nome utente o password errati.", "Usuario o contraseña incorrectos."}},
-    {"SIGNED_OUT", {"You are signed out.", "Vous êtes déconnecté.", "Du bist abgemeldet.", "Sei uscito.", "Has salido."}},
+    {"SIGNED_OUT", {"You are signed out.", "Déconnexion réussie.", "Du bist abgemeldet.", "Uscita effettuata.", "Has salido."}},
     {"GUEST_HINT", {"To try it out:", "Pour essayer :", "Zum Ausprobieren:", "Per provare:", "Para probar:"}},
     {"SIGN_OUT", {"Sign out", "Se déconnecter", "Abmelden", "Esci", "Salir"}},
 
@@ -69,32 +72,33 @@ const std::vector<Phrase> phrases = {
     {"UNREAD_MESSAGES", {"Unread messages", "Messages non lus", "Ungelesene Nachrichten", "Messaggi non letti", "Mensajes sin leer"}},
     {"NEW_FRIENDS", {"New friends", "Nouveaux amis", "Neue Freunde", "Nuovi amici", "Amigos nuevos"}},
     {"NEW_TROPHIES", {"New trophies", "Nouveaux trophées", "Neue Trophäen", "Nuovi trofei", "Trofeos nuevos"}},
-    {"NOW_PLAYING", {"Now playing", "En cours", "Gerade im Spiel", "Ora in gioco", "Jugando ahora"}},
+    {"NOW_PLAYING", {"Now playing", "En cours", "Gerade im Spiel", "Stai giocando a", "Jugando ahora"}},
     {"NEWS_HEADING", {"News from friends", "Du côté de vos amis", "Neues von Freunden", "Novità dagli amici", "Novedades de amigos"}},
     {"NO_NEWS", {"Nothing new yet.", "Rien de neuf pour l'instant.", "Noch nichts Neues.", "Ancora nessuna novità.", "Aún no hay novedades."}},
 
     // Messages.
     {"NO_MESSAGES", {"No messages yet.", "Pas encore de message.", "Noch keine Nachrichten.", "Ancora nessun messaggio.", "Aún no hay mensajes."}},
     {"YOU", {"You", "Vous", "Du", "Tu", "Tú"}},
+    {"COLON", {":", "\u00A0:", ":", ":", ":"}},
     {"TO_LABEL", {"To", "À", "An", "A", "Para"}},
 
     // Friends and players.
-    {"NO_FRIENDS", {"No friends here yet. Tap + to find some.", "Pas encore d'amis ici. Touchez + pour en trouver.", "Noch keine Freunde. Mit + findest du welche.", "Ancora nessun amico. Tocca + per trovarne.", "Aún no hay amigos. Toca + para buscarlos."}},
-    {"CHOOSE_FRIEND", {"Choose a friend", "Choisissez un ami", "Wähle einen Freund", "Scegli un amico", "Elige un amigo"}},
-    {"NEW", {"new", "nouveau", "neu", "nuovo", "nuevo"}},
+    {"NO_FRIENDS", {"No friends here yet.", "Pas encore d'amis ici.", "Hier ist noch niemand.", "Qui non c'è ancora nessuno.", "Aún no hay nadie aquí."}},
+    {"CHOOSE_FRIEND", {"Choose a friend", "À qui écrire\u00A0?", "Wer soll es lesen?", "A chi vuoi scrivere?", "¿A quién quieres escribir?"}},
+    {"NEW", {"new", "nouveauté", "neu", "novità", "novedad"}},
     {"PREVIOUS", {"Previous", "Précédents", "Zurück", "Precedenti", "Anteriores"}},
     {"NEXT", {"Next", "Suivants", "Weiter", "Successivi", "Siguientes"}},
     {"SEARCH", {"Search", "Chercher", "Suchen", "Cerca", "Buscar"}},
-    {"SEARCH_FOR", {"Name of a player", "Nom d'un joueur", "Name eines Spielers", "Nome di un giocatore", "Nombre de un jugador"}},
+    {"SEARCH_FOR", {"Name of a player", "Nom ou identifiant", "Name oder Benutzername", "Nome o nome utente", "Nombre o usuario"}},
     {"PERHAPS_YOU_KNOW", {"Perhaps you know", "Vous connaissez peut-être", "Vielleicht kennst du", "Forse conosci", "Quizá conozcas a"}},
-    {"FOUND", {"Found", "Trouvés", "Gefunden", "Trovati", "Encontrados"}},
+    {"FOUND", {"Found", "Résultats", "Gefunden", "Risultati", "Resultados"}},
     {"NOBODY_FOUND", {"Nobody of that name.", "Personne de ce nom.", "Niemand mit diesem Namen.", "Nessuno con questo nome.", "Nadie con ese nombre."}},
     {"ADD", {"Add", "Ajouter", "Hinzufügen", "Aggiungi", "Añadir"}},
-    {"YOUR_FRIEND", {"Friend", "Ami(e)", "Befreundet", "Amico", "Amigo"}},
+    {"YOUR_FRIEND", {"Friend", "Parmi vos amis", "Befreundet", "Tra i tuoi amici", "Entre tus amigos"}},
     {"STANDING", {"Standing", "Réputation", "Ansehen", "Reputazione", "Reputación"}},
     {"NO_RATINGS", {"No ratings yet", "Pas encore d'avis", "Noch keine Bewertung", "Ancora nessun voto", "Aún sin votos"}},
     {"FRIEND_ADDED", {"% is now your friend.", "% fait partie de vos amis.", "% ist jetzt mit dir befreundet.", "% è ora tra i tuoi amici.", "% está ahora entre tus amigos."}},
-    {"FRIEND_DELETED", {"The friend has been removed from your list.", "L'ami a été retiré de votre liste.", "Der Freund wurde aus deiner Liste entfernt.", "L'amico è stato tolto dalla tua lista.", "El amigo se ha quitado de tu lista."}},
+    {"FRIEND_DELETED", {"% is no longer on your list.", "% ne fait plus partie de vos amis.", "% steht nicht mehr auf deiner Liste.", "% non è più tra i tuoi amici.", "% ya no está entre tus amigos."}},
     {"RATED", {"Your rating of % counts.", "Votre avis sur % est pris en compte.", "Deine Bewertung für % zählt.", "Il tuo voto per % è stato contato.", "Tu voto sobre % cuenta."}},
     {"NO_INVITATIONS", {"You have not invited anybody yet.", "Vous n'avez encore invité personne.", "Du hast noch niemanden eingeladen.", "Non hai ancora invitato nessuno.", "Aún no has invitado a nadie."}},
 
@@ -108,23 +112,19 @@ const std::vector<Phrase> phrases = {
     {"SHARED", {"Shared. Thank you!", "C'est partagé. Merci !", "Geteilt. Danke!", "Condiviso. Grazie!", "Compartido. ¡Gracias!"}},
     {"PRACTICE", {"Practice page: nothing leaves this computer.", "Page d'essai : rien ne quitte cet ordinateur.", "Übungsseite: Nichts verlässt diesen Rechner.", "Pagina di prova: nulla lascia questo computer.", "Página de prueba: nada sale de este ordenador."}},
     {"INVITE_SUBJECT", {"Play % with me", "Jouez à % avec moi", "Spiel % mit mir", "Gioca a % con me", "Juega a % conmigo"}},
-    {"INVITE_TEXT", {"your friend % plays here and would like you to come along. Install the game, find your friends and win trophies together.", "% joue ici et aimerait vous voir. Installez le jeu, retrouvez vos amis et gagnez des trophées ensemble.", "% spielt hier und möchte dich dabeihaben. Installiere das Spiel, finde deine Freunde und gewinnt zusammen Trophäen.", "% gioca qui e ti vorrebbe con sé. Installa il gioco, trova i tuoi amici e vincete trofei insieme.", "% juega aquí y le gustaría que vinieras. Instala el juego, encuentra a tus amigos y ganad trofeos juntos."}},
+    {"INVITE_TEXT", {"your friend % plays here and would like you to come along. Install the game, find your friends and win trophies with them.", "% joue ici et aimerait vous y retrouver. Installez le jeu, retrouvez vos amis et gagnez des trophées ensemble.", "% spielt hier und möchte dich dabeihaben. Installiere das Spiel, finde deine Freunde und gewinne Trophäen mit ihnen.", "% gioca qui e ti vorrebbe con sé. Installa il gioco, trova i tuoi amici e vinci trofei con loro.", "% juega aquí y le gustaría que vinieras. Instala el juego, encuentra a tus amigos y gana trofeos en su compañía."}},
     {"INVITE_GREETING", {"Hello,", "Bonjour,", "Hallo,", "Ciao,", "Hola:"}},
-    {"INVITE_PREVIEW", {"This is what your friends will read", "Voici ce que liront vos amis", "Das lesen deine Freunde", "Ecco cosa leggeranno i tuoi amici", "Esto leerán tus amigos"}},
+    {"INVITE_PREVIEW", {"This is what your friend will read", "Voici ce qui sera lu", "Das steht in der Nachricht", "Ecco cosa si leggerà", "Esto es lo que se leerá"}},
     {"PLAY_NOW", {"Play now", "Jouer", "Jetzt spielen", "Gioca ora", "Jugar ahora"}},
 
     // Account.
     {"NAME_LABEL", {"Name", "Nom", "Name", "Nome", "Nombre"}},
     {"CITY_LABEL", {"Town", "Ville", "Ort", "Città", "Ciudad"}},
     {"MOTTO_LABEL", {"Motto", "Devise", "Motto", "Motto", "Lema"}},
-    {"NEW_PASSWORD", {"New password", "Nouveau mot de passe", "Neues Passwort", "Nuova password", "Contraseña nueva"}},
-    {"CURRENT_PASSWORD", {"Current password", "Mot de passe actuel", "Bisheriges Passwort", "Password attuale", "Contraseña actual"}},
-    {"PASSWORD_HINT", {"Leave empty to keep the password.", "Laissez vide pour le garder.", "Leer lassen, um es zu behalten.", "Lascia vuoto per non cambiarla.", "Déjalo vacío para no cambiarla."}},
     {"HOW_OTHERS_SEE_YOU", {"My page", "Ma page", "Meine Seite", "La mia pagina", "Mi página"}},
     {"SAVE", {"Save", "Enregistrer", "Speichern", "Salva", "Guardar"}},
     {"SAVED", {"Your changes are saved.", "Vos changements sont enregistrés.", "Deine Änderungen sind gespeichert.", "Le modifiche sono salvate.", "Tus cambios están guardados."}},
     {"NAME_NEEDED", {"The name has 1 to 40 characters, town and motto at most 100.", "Le nom compte 1 à 40 caractères, la ville et la devise 100 au plus.", "Der Name hat 1 bis 40 Zeichen, Ort und Motto höchstens 100.", "Il nome ha da 1 a 40 caratteri, città e motto al massimo 100.", "El nombre tiene de 1 a 40 caracteres; ciudad y lema, 100 como máximo."}},
-    {"PASSWORD_REFUSED", {"The current password is wrong, or the new one is shorter than 6 characters.", "Le mot de passe actuel est faux, ou le nouveau compte moins de 6 caractères.", "Das bisherige Passwort stimmt nicht, oder das neue hat weniger als 6 Zeichen.", "La password attuale è errata o la nuova ha meno di 6 caratteri.", "La contraseña actual no es correcta o la nueva tiene menos de 6 caracteres."}},
 
     // About.
     {"ABOUT_1", {"Vantu keeps players together: see what your friends play, write to them, compare trophies and recommend the games you like.", "Vantu réunit les joueurs : voyez à quoi jouent vos amis, écrivez-leur, comparez vos trophées et recommandez vos jeux préférés.", "Vantu hält Spieler zusammen: Sieh, was deine Freunde spielen, schreib ihnen, vergleicht Trophäen und empfiehl Spiele, die dir gefallen.", "Vantu tiene uniti i giocatori: guarda a cosa giocano gli amici, scrivi loro, confronta i trofei e consiglia i giochi che ti piacciono.", "Vantu une a los jugadores: mira a qué juegan tus amigos, escríbeles, compara trofeos y recomienda los juegos que te gustan."}},
@@ -144,24 +144,25 @@ Language languageOf(std::string_view code, Language otherwise)
     return otherwise;
 }
 
+const char *languageCode(Language language)
+{
+    return codes[static_cast<int>(language)].service;
+}
+
 const char *htmlCode(Language language)
 {
     return codes[static_cast<int>(language)].html;
 }
 
-std::string phrase(std::string_view key, Language language)
+std::string phrase(std::string_view key, Language language, const std::string &insert)
 {
     const auto found
         = std::find_if(phrases.begin(), phrases.end(), [key](const Phrase &each) { return each.key == key; });
     if (found == phrases.end())
         throw std::logic_error("no phrase " + std::string(key));
-    return found->texts[static_cast<int>(language)];
-}
-
-std::string phrase(std::string_view key, Language language, const std::string &insert)
-{
-    std::string text = phrase(key, language);
-    return text.replace(text.find('%'), 1, insert);
+    std::string text = found->texts[static_cast<int>(language)];
+    const std::size_t gap = text.find('%');
+    return gap == std::string::npos ? text : text.replace(gap, 1, insert);
 }
 
 std::string dayOrTime(std::time_t moment, Language language)
@@ -173,4 +174,17 @@ std::string dayOrTime(std::time_t moment, Language language)
 std::string dayAndTime(std::time_t moment, Language language)
 {
     return formatted(codes[static_cast<int>(language)].day, moment) + formatted(", %H:%M", moment);
+}
+
+std::string excerpt(const std::string &text)
+{
+    constexpr int longest = 80;
+    auto end = text.begin();
+    for (int i = 0; i < longest && end != text.end(); ++i)
+        utf8::next(end, text.end());
+    if (end == text.end())
+        return text;
+    const std::string start(text.begin(), end);
+    // A single word that fills the line is cut where the line ends.
+    return start.substr(0, start.find_last_of(" \n")) + "…";
 }

@@ -3,7 +3,8 @@
 
 #include <QNetworkReply>
 #include <QNetworkRequest>
-#include <QSignalSpy>
+#include <QTcpSocket>
+#include <QtTest>
 #include <QUrl>
 #include <signal.h>
 
@@ -13,11 +14,8 @@ RunningService::RunningService(const QStringList &arguments)
     if (!arguments.contains(QStringLiteral("--port")))
         all << QStringLiteral("--port") << QStringLiteral("0");
     m_process.start(QStringLiteral(VANTU_SERVICE_PROGRAM), all + arguments);
-    while (m_process.waitForReadyRead(10000)) {
+    while (!m_output.contains('\n') && m_process.waitForReadyRead(10000))
         m_output += m_process.readAllStandardOutput();
-        if (m_output.contains('\n'))
-            break;
-    }
     const QByteArray line = m_output.left(m_output.indexOf('\n'));
     if (line.startsWith("listening on http://"))
         m_port = line.mid(line.lastIndexOf(':') + 1).toInt();
@@ -63,24 +61,17 @@ int RunningService::post(const QString &path, const QByteArray &body, const QByt
     QNetworkRequest request(QUrl(root() + path));
     if (!type.isEmpty())
         request.setHeader(QNetworkRequest::ContentTypeHeader, type);
-    int status = 0;
-    answer(m_network.post(request, body), &status);
-    return status;
+    const QScopedPointer<QNetworkReply> reply(m_network.post(request, body));
+    if (!QTest::qWaitFor([&reply] { return reply->isFinished(); }, 10000))
+        return 0;
+    return reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
-QByteArray RunningService::get(const QString &path, int *status)
+QByteArray RunningService::exchange(const QByteArray &bytes) const
 {
-    return answer(m_network.get(QNetworkRequest(QUrl(root() + path))), status);
-}
-
-QByteArray RunningService::answer(QNetworkReply *reply, int *status)
-{
-    QSignalSpy finished(reply, &QNetworkReply::finished);
-    if (!reply->isFinished())
-        finished.wait(10000);
-    if (status)
-        *status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const QByteArray body = reply->readAll();
-    reply->deleteLater();
-    return body;
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("127.0.0.1"), static_cast<quint16>(m_port));
+    socket.write(bytes);
+    socket.waitForDisconnected(10000);
+    return socket.readAll();
 }

@@ -26,12 +26,10 @@ public:
     /// Posts @p body as the companion does, without a cookie; the HTTP status. No type is sent when it is empty.
     int post(const QString &path, const QByteArray &body,
              const QByteArray &type = QByteArrayLiteral("application/x-www-form-urlencoded"));
-    /// Fetches a page without a cookie; the answer.
-    QByteArray get(const QString &path, int *status = nullptr);
+    /// Sends @p bytes as they are and waits until the service has closed the connection; what it answered.
+    QByteArray exchange(const QByteArray &bytes) const;
 
 private:
-    QByteArray answer(QNetworkReply *reply, int *status);
-
     QProcess m_process;
     QNetworkAccessManager m_network;
     QByteArray m_output;

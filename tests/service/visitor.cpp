@@ -38,6 +38,7 @@ bool Visitor::submit(const QString &path, const QByteArray &form)
 {
     QNetworkRequest request(QUrl(m_root + path));
     request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
+    request.setRawHeader("Origin", m_root.toLatin1());
     return load(request, QNetworkAccessManager::PostOperation, form);
 }
 

@@ -7,7 +7,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <sqlite3.h>
+#include <SQLiteCpp/SQLiteCpp.h>
 
 using L1 = QLatin1String;
 
@@ -35,11 +35,9 @@ class World {
 public:
     World()
         : service({L1("--database"), file(L1("vantu.db"))})
+        , m_database(file(L1("vantu.db")).toStdString(), SQLite::OPEN_READONLY, 2000)
     {
-        sqlite3_open(qPrintable(file(L1("vantu.db"))), &m_database);
-        sqlite3_busy_timeout(m_database, 2000);
     }
-    ~World() { sqlite3_close(m_database); }
 
     QString file(const QString &name) const { return m_folder.filePath(name); }
 
@@ -71,15 +69,13 @@ public:
     QStringList select(const QString &sql) const
     {
         QStringList rows;
-        sqlite3_stmt *statement = nullptr;
-        sqlite3_prepare_v2(m_database, sql.toUtf8().constData(), -1, &statement, nullptr);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
+        SQLite::Statement statement(m_database, sql.toStdString());
+        while (statement.executeStep()) {
             QStringList values;
-            for (int i = 0; i < sqlite3_column_count(statement); ++i)
-                values << QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, i)));
+            for (int i = 0; i < statement.getColumnCount(); ++i)
+                values << QString::fromStdString(statement.getColumn(i).getString());
             rows << values.join(QLatin1Char(' '));
         }
-        sqlite3_finalize(statement);
         return rows;
     }
 
@@ -96,10 +92,12 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    sqlite3 *m_database = nullptr;
 
 public:
     RunningService service;
+
+private:
+    SQLite::Database m_database;
 };
 
 const QString RESUME = QStringLiteral("RESUMEGAME");

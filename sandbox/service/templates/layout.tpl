@@ -5,7 +5,7 @@
 <title>{{sTitle}}</title>
 <meta name="viewport" content="width=320">
 <style>{{>STYLE}}</style>
-<script>
+{{#VARIABLES}}<script>
 var sUserUid = "{{sUserUid}}";
 var iInboxMessages = {{iInboxMessages}};
 var iGamesMessages = {{iGamesMessages}};
@@ -18,10 +18,10 @@ var bShowEvaluate = {{bShowEvaluate}};
 var iUserId = "{{iUserId}}";
 var sUserName = "{{sUserName}}";
 var sTitle = "{{sTitle}}";
-var strUserName = "{{strUserName}}";
+{{#LOGIN}}var strUserName = "{{strUserName}}";
 var strPassword = "{{strPassword}}";
-var blnRememberMe = "{{blnRememberMe}}";
-</script>
+var blnRememberMe = "{{blnRememberMe}}";{{/LOGIN}}
+</script>{{/VARIABLES}}
 </head>
 <body>
 {{>SYMBOLS}}
