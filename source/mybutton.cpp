@@ -4,6 +4,8 @@
 #include "globaldefine.h"
 #include "resmanager.h"
 
+#include "mfittedfont.h"
+
 #include <QPainter>
 
 namespace {
@@ -15,7 +17,6 @@ constexpr int K_BADGE_TEXT_HEIGHT = 20;
 
 constexpr qreal K_CAPTION_MARGIN = 4;
 constexpr qreal K_TAB_CAPTION_MARGIN = 8; // keeps it on the background, which is narrower than the tab
-constexpr int K_NARROWEST = 70; // percent of a letter's width
 
 void setCaptionStyle(QPainter *painter, int pixelSize)
 {
@@ -26,18 +27,11 @@ void setCaptionStyle(QPainter *painter, int pixelSize)
     painter->setPen(Qt::white);
 }
 
-/// Draws @p text in @p area, with narrower letters if it would come closer than @p margin to its sides: how wide it is
-/// depends on the font of the system.
+/// Draws @p text in @p area, with narrower letters if it would come closer than @p margin to its sides.
 void drawFitted(QPainter *painter, const QRectF &area, qreal margin, int alignment, const QString &text)
 {
     const QFont font = painter->font();
-    const qreal room = area.width() - 2 * margin;
-    const qreal width = QFontMetricsF(font).horizontalAdvance(text);
-    if (width > room) {
-        QFont narrow = font;
-        narrow.setStretch(qMax(K_NARROWEST, static_cast<int>(100 * room / width)));
-        painter->setFont(narrow);
-    }
+    painter->setFont(fittedFont(font, text, area.width() - 2 * margin));
     painter->drawText(area, alignment, text);
     painter->setFont(font);
 }

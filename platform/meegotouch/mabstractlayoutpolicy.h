@@ -4,7 +4,6 @@
 #include <QRectF>
 #include <QSizeF>
 #include <Qt>
-#include <QVector>
 
 class MLayout;
 class QGraphicsLayoutItem;
@@ -12,27 +11,17 @@ class QGraphicsLayoutItem;
 /// Says where the items of an MLayout go. Belongs to its layout.
 class MAbstractLayoutPolicy {
 public:
-    /// Adds itself to @p layout, which owns it. The first policy of a layout is its active one.
+    /// Becomes the policy of @p layout.
     explicit MAbstractLayoutPolicy(MLayout *layout);
     virtual ~MAbstractLayoutPolicy();
-
-    MLayout *layout() const { return m_layout; }
-
-    /// Whether the layout follows this policy.
-    bool isActive() const;
 
     /// Adds @p item at the end. Null and items that are already there are left alone.
     void addItem(QGraphicsLayoutItem *item);
 
-    /// Adds @p item before the one at @p index; an index out of range means the end.
-    void insertItem(int index, QGraphicsLayoutItem *item);
+    /// Lets go of @p item, which stays where it is on the screen and goes back to the caller.
+    void removeItem(const QGraphicsLayoutItem *item);
 
-    /// Lets go of @p item, and so does the layout unless another policy holds it. The item stays where it is on the
-    /// screen and goes back to the caller.
-    void removeItem(QGraphicsLayoutItem *item);
-    void removeAt(int index);
-
-    int count() const { return m_items.size(); }
+    int count() const;
 
     /// Null out of range.
     QGraphicsLayoutItem *itemAt(int index) const;
@@ -46,26 +35,15 @@ public:
     virtual void relayout() = 0;
 
 protected:
+    MLayout *layout() const { return m_layout; }
+
     /// Moves an item, at once. @p rect is in the coordinates of the widget that the layout is set on. Out of range
     /// does nothing.
     void setItemGeometry(int index, const QRectF &rect);
-
-    /// The rectangle last given to an item; null before that and out of range.
-    QRectF itemGeometry(int index) const;
 
     /// The margins of the layout.
     void getContentsMargins(qreal *left, qreal *top, qreal *right, qreal *bottom) const;
 
 private:
-    friend class MLayout;
-
-    struct Item {
-        QGraphicsLayoutItem *item;
-        QRectF geometry;
-    };
-
-    void forget(const QGraphicsLayoutItem *item);
-
     MLayout *m_layout;
-    QVector<Item> m_items;
 };

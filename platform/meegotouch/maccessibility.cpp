@@ -171,7 +171,7 @@ public:
     Interfaces children() const override
     {
         const auto *window = static_cast<MApplicationWindow *>(widget());
-        if (MSceneWindow *panel = window->topPanel())
+        if (QGraphicsWidget *panel = window->topPanel())
             return {QAccessible::queryAccessibleInterface(panel)};
         Interfaces found;
         const auto items = window->scene()->items(Qt::AscendingOrder);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mapplication.h"
 
-#include "mapplicationwindow.h"
 #include "mdisplay.h"
 #include "minputmethodstate.h"
 #include "mstyle.h"
@@ -137,16 +136,4 @@ bool MApplication::notify(QObject *receiver, QEvent *event)
     if (event->type() == QEvent::RequestSoftwareInputPanel)
         MInputMethodState::requestSoftwareInputPanel();
     return QApplication::notify(receiver, event);
-}
-
-MApplication *MApplication::instance()
-{
-    return qobject_cast<MApplication *>(QCoreApplication::instance());
-}
-
-MApplicationWindow *MApplication::activeApplicationWindow()
-{
-    if (auto *active = qobject_cast<MApplicationWindow *>(activeWindow()))
-        return active;
-    return MApplicationWindow::latest();
 }

@@ -6,7 +6,6 @@
 
 #include <memory>
 
-class MApplicationWindow;
 class MDisplay;
 
 /// The application object.
@@ -22,13 +21,8 @@ public:
     MApplication(int &argc, char **argv);
     ~MApplication() override;
 
-    static MApplication *instance();
-
     /// Why there is no display, in one English sentence without a full stop; empty if there is one.
     QString displayProblem() const { return m_displayProblem; }
-
-    /// The window that the user is in, or else the one that was made last; null when there is none.
-    static MApplicationWindow *activeApplicationWindow();
 
     bool notify(QObject *receiver, QEvent *event) override;
 

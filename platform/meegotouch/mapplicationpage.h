@@ -23,7 +23,6 @@ public:
 
     /// Whether a drag moves a central widget that is higher than the page (its preferred height). True at the start.
     void setPannable(bool pannable);
-    bool isPannable() const { return m_pannable; }
 
     void setGeometry(const QRectF &rect) override;
 

@@ -2,12 +2,12 @@
 #include "mapplicationwindow.h"
 
 #include "maccessibility.h"
-#include "mapplicationpage.h"
 #include "minputmethodstate.h"
 #include "mstyle.h"
 
+#include <QApplication>
 #include <QGraphicsScene>
-#include <QGuiApplication>
+#include <QGraphicsWidget>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScreen>
@@ -94,32 +94,22 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
 MApplicationWindow::~MApplicationWindow()
 {
     m_closing = true;
-    while (!m_onDisplay.isEmpty())
-        m_onDisplay.last()->dismiss();
-    // The scene destroys what it holds; what others own goes back to them.
-    const auto items = m_scene->items();
-    for (QGraphicsItem *item : items) {
-        auto *sceneWindow = item->parentItem() ? nullptr : qobject_cast<MSceneWindow *>(item->toGraphicsObject());
-        if (sceneWindow && sceneWindow->isKept())
-            m_scene->removeItem(sceneWindow);
-    }
+    emit closing();
     // Now: what it destroys reports to members that would be gone later.
     m_scene.reset();
     allWindows.removeOne(this);
 }
 
-MApplicationPage *MApplicationWindow::currentPage() const
+MApplicationWindow *MApplicationWindow::active()
 {
-    for (auto it = m_onDisplay.rbegin(); it != m_onDisplay.rend(); ++it) {
-        if (auto *page = qobject_cast<MApplicationPage *>(*it))
-            return page;
-    }
-    return nullptr;
+    if (auto *active = qobject_cast<MApplicationWindow *>(QApplication::activeWindow()))
+        return active;
+    return allWindows.isEmpty() ? nullptr : allWindows.last();
 }
 
 QSize MApplicationWindow::sceneSize() const
 {
-    return m_orientation == M::Portrait ? MStyle::portraitSceneSize : MStyle::landscapeSceneSize;
+    return MStyle::sceneSize;
 }
 
 QSize MApplicationWindow::openingSize(const QSize &scene, const QSize &available)
@@ -141,7 +131,7 @@ void MApplicationWindow::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
     // An X11 display without a window manager gives the keyboard to nobody by itself. Wayland lets no window ask.
-    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+    if (!QApplication::platformName().startsWith(QLatin1String("wayland")))
         activateWindow();
 }
 
@@ -165,25 +155,6 @@ void MApplicationWindow::keyReleaseEvent(QKeyEvent *event)
         QGraphicsView::keyReleaseEvent(event);
 }
 
-MApplicationWindow *MApplicationWindow::latest()
-{
-    return allWindows.isEmpty() ? nullptr : allWindows.last();
-}
-
-void MApplicationWindow::setOrientation(M::Orientation orientation)
-{
-    if (m_orientationLocked || orientation == m_orientation)
-        return;
-    m_orientation = orientation;
-    const QRectF area(QPointF(0, 0), sceneSize());
-    m_scene->setSceneRect(area);
-    for (MSceneWindow *sceneWindow : qAsConst(m_onDisplay))
-        sceneWindow->setGeometry(area);
-    setMinimumSize(sceneSize() / 3);
-    resize(size().transposed());
-    fitScene();
-}
-
 void MApplicationWindow::fitScene()
 {
     const QSizeF scene = sceneSize();
@@ -191,7 +162,7 @@ void MApplicationWindow::fitScene()
     const int fullHeight = m_fillsScreen ? qMax(height(), screen()->size().height()) : height();
     const qreal scale = qMin(viewport()->width() / scene.width(), fullHeight / scene.height());
     setTransform(QTransform::fromScale(scale, scale));
-    for (MSceneWindow *sceneWindow : qAsConst(m_onDisplay))
+    for (QGraphicsWidget *sceneWindow : qAsConst(m_onDisplay))
         sceneWindow->setGeometry(QRectF(QPointF(0, 0), scene));
     revealCursor();
 }
@@ -246,7 +217,7 @@ void MApplicationWindow::forwardKey(QKeyEvent *event)
 // then the keys are for the topmost panel.
 void MApplicationWindow::recallFocus()
 {
-    MSceneWindow *top = topPanel();
+    QGraphicsWidget *top = topPanel();
     QGraphicsItem *focus = m_scene->focusItem();
     if (!top || !focus || focus->panel())
         return;
@@ -254,16 +225,15 @@ void MApplicationWindow::recallFocus()
     (top->focusItem() ? top->focusItem() : top)->setFocus();
 }
 
-bool MApplicationWindow::take(MSceneWindow *sceneWindow)
+bool MApplicationWindow::take(QGraphicsWidget *sceneWindow)
 {
     if (m_closing)
         return false;
     auto firstPanel = std::find_if(m_onDisplay.begin(), m_onDisplay.end(),
-                                   [](const MSceneWindow *other) { return other->isPanel(); });
+                                   [](const QGraphicsWidget *other) { return other->isPanel(); });
     if (sceneWindow->isPanel() && firstPanel == m_onDisplay.end()) {
         // The page's own idea of it holds also while the window is not active.
-        const QGraphicsItem *page = currentPage();
-        QGraphicsItem *focus = page ? page->focusItem() : nullptr;
+        QGraphicsItem *focus = m_onDisplay.isEmpty() ? nullptr : m_onDisplay.last()->focusItem();
         m_focusBeneathPanels = focus ? focus->toGraphicsObject() : nullptr;
     }
     m_onDisplay.insert(sceneWindow->isPanel() ? m_onDisplay.end() : firstPanel, sceneWindow);
@@ -277,7 +247,7 @@ bool MApplicationWindow::take(MSceneWindow *sceneWindow)
     return true;
 }
 
-void MApplicationWindow::release(MSceneWindow *sceneWindow)
+void MApplicationWindow::release(QGraphicsWidget *sceneWindow)
 {
     if (!m_onDisplay.removeOne(sceneWindow) || m_closing || !sceneWindow->isPanel())
         return;
@@ -288,7 +258,7 @@ void MApplicationWindow::release(MSceneWindow *sceneWindow)
         m_focusBeneathPanels->setFocus();
 }
 
-MSceneWindow *MApplicationWindow::topPanel() const
+QGraphicsWidget *MApplicationWindow::topPanel() const
 {
     return !m_onDisplay.isEmpty() && m_onDisplay.last()->isPanel() ? m_onDisplay.last() : nullptr;
 }
@@ -296,8 +266,8 @@ MSceneWindow *MApplicationWindow::topPanel() const
 // Two modal panels of which none is in the other would block each other: only the topmost one is.
 void MApplicationWindow::activateTopPanel()
 {
-    MSceneWindow *top = topPanel();
-    for (MSceneWindow *sceneWindow : qAsConst(m_onDisplay))
+    QGraphicsWidget *top = topPanel();
+    for (QGraphicsWidget *sceneWindow : qAsConst(m_onDisplay))
         sceneWindow->setPanelModality(sceneWindow == top ? QGraphicsItem::SceneModal : QGraphicsItem::NonModal);
     m_scene->setActivePanel(top);
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "mdoubletapguard.h"
-#include "mnamespace.h"
 
 #include <QGraphicsObject>
 #include <QGraphicsView>
@@ -11,8 +10,7 @@
 
 #include <memory>
 
-class MApplicationPage;
-class MSceneWindow;
+class QGraphicsWidget;
 
 /// The window of an application: shows one scene of a phone's size, whatever the size of the window.
 ///
@@ -29,21 +27,18 @@ public:
     explicit MApplicationWindow(QWidget *parent = nullptr);
     ~MApplicationWindow() override;
 
-    /// A locked window stays as it is held.
-    void setPortraitOrientation() { setOrientation(M::Portrait); }
-    void setLandscapeOrientation() { setOrientation(M::Landscape); }
-    M::Orientation orientation() const { return m_orientation; }
+    /// The window that the user is in, or else the one that was made last; null when there is none.
+    static MApplicationWindow *active();
 
-    void setOrientationLocked(bool locked) { m_orientationLocked = locked; }
-    bool isOrientationLocked() const { return m_orientationLocked; }
-
-    /// The page on display, the topmost if there are several; null if there is none.
-    MApplicationPage *currentPage() const;
+    /// Deliberately nothing to do: portrait, and locked, is how every window is held. An application may say that it
+    /// counts on it.
+    void setPortraitOrientation() { }
+    void setOrientationLocked(bool) { }
 
     /// The dialog or list that everything else waits for; null if there is none.
-    MSceneWindow *topPanel() const;
+    QGraphicsWidget *topPanel() const;
 
-    /// The scene in scene pixels: 480 x 814 in portrait.
+    /// The scene in scene pixels.
     QSize sceneSize() const;
 
     /// The size of a window that shows a scene of @p scene pixels one to one if that fits into @p available, and
@@ -56,6 +51,10 @@ public:
     /// The height in scene pixels, from the top of the scene, that a software keyboard leaves in view.
     qreal visibleHeight() const;
 
+signals:
+    /// The window is being destroyed, with all that its scene still holds then.
+    void closing();
+
 protected:
     bool viewportEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -64,12 +63,8 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
-    friend class MApplication;
     friend class MSceneWindow;
 
-    static MApplicationWindow *latest();
-
-    void setOrientation(M::Orientation orientation);
     void fitScene();
     void makeRoomForKeyboard();
     int heightUnderKeyboard() const;
@@ -77,16 +72,14 @@ private:
     void forwardKey(QKeyEvent *event);
     void recallFocus();
 
-    bool take(MSceneWindow *sceneWindow);
-    void release(MSceneWindow *sceneWindow);
+    bool take(QGraphicsWidget *sceneWindow);
+    void release(QGraphicsWidget *sceneWindow);
     void activateTopPanel();
 
     std::unique_ptr<QGraphicsScene> m_scene;
     MDoubleTapGuard m_guard{this};
-    QVector<MSceneWindow *> m_onDisplay;
+    QVector<QGraphicsWidget *> m_onDisplay; ///< scene windows, the topmost last
     QPointer<QGraphicsObject> m_focusBeneathPanels;
-    M::Orientation m_orientation = M::Portrait;
-    bool m_orientationLocked = false;
     bool m_fillsScreen = false;
     bool m_closing = false;
 };

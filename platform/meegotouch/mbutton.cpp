@@ -3,6 +3,7 @@
 
 #include "maccessibility.h"
 #include "mbuttongroup.h"
+#include "mfittedfont.h"
 #include "mstyle.h"
 
 #include <QEvent>
@@ -101,7 +102,7 @@ void MButton::setViewType(const QString &type)
 /// The checked button of an exclusive group cannot be unchecked by the user.
 bool MButton::staysChecked() const
 {
-    return m_checked && m_group && m_group->isExclusive();
+    return m_checked && m_group;
 }
 
 void MButton::press()
@@ -316,9 +317,6 @@ void MButton::drawText(QPainter *painter)
 void MButton::fitText(qreal width)
 {
     const QString text = m_text.left(MStyle::laidOutCharacters);
-    m_fittedFont = font();
-    while (m_fittedFont.pixelSize() > MStyle::buttonSmallestTextSize
-           && QFontMetricsF(m_fittedFont).horizontalAdvance(text) > width)
-        m_fittedFont.setPixelSize(m_fittedFont.pixelSize() - 1);
+    m_fittedFont = fittedFont(font(), text, width);
     m_fittedText = QFontMetricsF(m_fittedFont).elidedText(text, Qt::ElideRight, width);
 }

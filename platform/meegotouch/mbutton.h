@@ -15,9 +15,9 @@ class QGraphicsPathItem;
 /// leaves it comes up and does not click. Space and Return click it while it has the keyboard focus, which it takes by
 /// Tab only, so that a tap leaves the focus (and the software keyboard) where it is.
 ///
-/// A text that is too wide is drawn smaller, then elided at its right end. Every signal's receiver may delete the
-/// button. Subclasses that paint themselves are repainted whenever isDown() or isChecked() changes; the focus ring
-/// is drawn over them.
+/// A text that is too wide is drawn with narrower letters, then elided at its right end. Every signal's receiver may
+/// delete the button. Subclasses that paint themselves are repainted whenever isDown() or isChecked() changes; the
+/// focus ring is drawn over them.
 class MButton : public MWidget {
     Q_OBJECT
 
@@ -48,7 +48,6 @@ public:
 
     bool isChecked() const { return m_checked; }
 
-    QString viewType() const { return m_viewType; }
     void setViewType(const QString &type);
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;

@@ -72,54 +72,17 @@ MButton *MButtonGroup::button(int id) const
     return nullptr;
 }
 
-int MButtonGroup::id(const MButton *button) const
-{
-    for (const Member &member : m_members) {
-        if (member.button == button)
-            return member.id;
-    }
-    return -1;
-}
-
-void MButtonGroup::setId(MButton *button, int id)
-{
-    const auto member = find(button);
-    if (member != m_members.end())
-        member->id = id;
-}
-
-MButton *MButtonGroup::checkedButton() const
-{
-    for (const Member &member : m_members) {
-        if (member.button->isChecked())
-            return member.button;
-    }
-    return nullptr;
-}
-
-int MButtonGroup::checkedId() const
-{
-    return id(checkedButton());
-}
-
-void MButtonGroup::setExclusive(bool exclusive)
-{
-    m_exclusive = exclusive;
-}
-
 void MButtonGroup::tellClicked(MButton *button)
 {
-    const int clickedId = id(button);
+    const int id = find(button)->id;
     const QPointer<MButtonGroup> self(this);
     emit buttonClicked(button);
     if (self)
-        emit buttonClicked(clickedId);
+        emit buttonClicked(id);
 }
 
 void MButtonGroup::uncheckOthers(MButton *checked)
 {
-    if (!m_exclusive)
-        return;
     // The receivers of toggled() may delete any of the buttons, or the group.
     QList<QPointer<MButton>> others;
     for (const Member &member : qAsConst(m_members)) {

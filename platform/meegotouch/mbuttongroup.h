@@ -6,8 +6,8 @@
 
 class MButton;
 
-/// Buttons that belong together: tells which one was clicked and, if exclusive, keeps at most one of its checkable
-/// buttons checked. Owns none of them; a button that is deleted leaves its group.
+/// Buttons that belong together: tells which one was clicked and keeps at most one of its checkable buttons checked.
+/// Owns none of them; a button that is deleted leaves its group.
 class MButtonGroup : public QObject {
     Q_OBJECT
 
@@ -25,18 +25,6 @@ public:
 
     /// Null for an unknown id; the first added if several share it.
     MButton *button(int id) const;
-    /// -1 for a button that is not in the group.
-    int id(const MButton *button) const;
-    void setId(MButton *button, int id);
-
-    /// Null, and -1, if none is checked; in a group that is not exclusive the first one added that is.
-    MButton *checkedButton() const;
-    int checkedId() const;
-
-    bool isExclusive() const { return m_exclusive; }
-    /// Exclusive from the start. What is checked at the time stays so.
-    void setExclusive(bool exclusive);
-
 signals:
     /// A button was clicked; both signals come, in this order. A receiver of the first may delete the button.
     void buttonClicked(MButton *button);
@@ -56,5 +44,4 @@ private:
     void uncheckOthers(MButton *checked);
 
     QList<Member> m_members;
-    bool m_exclusive = true;
 };

@@ -155,24 +155,15 @@ void MDialog::finish(int result)
     done(result);
 }
 
-void MDialog::done(int result)
+void MDialog::done(int)
 {
     if (m_state == State::Idle)
         return;
     m_state = State::Finishing;
-    m_result = result;
     const QPointer<MDialog> self = this;
     dismiss();
-    if (!self)
-        return;
-    m_state = State::Idle;
-    emit finished(result);
-    if (!self)
-        return;
-    if (result == Rejected)
-        emit rejected();
-    else
-        emit accepted();
+    if (self)
+        m_state = State::Idle;
 }
 
 void MDialog::entering()

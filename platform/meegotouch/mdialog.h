@@ -34,9 +34,6 @@ public:
     void setCentralWidget(QGraphicsWidget *widget);
     QGraphicsWidget *centralWidget() const { return m_centralWidget; }
 
-    /// What it was last done with; Rejected before that.
-    int result() const { return m_result; }
-
     void setGeometry(const QRectF &rect) override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
@@ -46,14 +43,9 @@ public slots:
     void accept();
     virtual void reject();
 
-    /// Ends the dialog with @p result: it is dismissed, then its signals are emitted. Does nothing if the dialog is not
-    /// on display. However it ends, it passes through here, once: with Rejected when it leaves in any other way.
+    /// Ends the dialog with @p result, a DialogCode: it is dismissed. Does nothing if the dialog is not on display.
+    /// However it ends, it passes through here, once: with Rejected when it leaves in any other way.
     virtual void done(int result);
-
-signals:
-    void finished(int result);
-    void accepted();
-    void rejected();
 
 protected:
     QString shownText() const override { return m_title; }
@@ -86,7 +78,6 @@ private:
     QVector<MButton *> m_buttons;
     QRectF m_box;
     qreal m_padding;
-    int m_result = Rejected;
     State m_state = State::Idle;
     bool m_dismissedByTapOutside = false;
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mdoubletapguard.h"
 
-#include "mscenewindow.h"
-
 #include <QGraphicsView>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -64,8 +62,7 @@ MDoubleTapGuard::Control MDoubleTapGuard::controlAt(const QPoint &position) cons
         if (const auto *changing = dynamic_cast<const MChangingContent *>(outer))
             control.content = changing->contentNumber();
     }
-    const auto *panel = dynamic_cast<const MSceneWindow *>(item->panel());
-    control.isAppearing = panel && !panel->hasAppeared();
+    control.isAppearing = item->panel() && item->panel()->opacity() < 1;
     return control;
 }
 

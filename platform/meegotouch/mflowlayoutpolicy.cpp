@@ -14,8 +14,7 @@ MFlowLayoutPolicy::MFlowLayoutPolicy(MLayout *layout)
 void MFlowLayoutPolicy::setSpacing(qreal spacing)
 {
     m_spacing = qMax<qreal>(0, spacing);
-    if (layout())
-        layout()->invalidate();
+    layout()->invalidate();
 }
 
 /// The items' rectangles, from (0, 0) on.

@@ -12,7 +12,6 @@ class MFlowLayoutPolicy : public MAbstractLayoutPolicy {
 public:
     explicit MFlowLayoutPolicy(MLayout *layout);
 
-    qreal spacing() const { return m_spacing; }
     /// Distance between neighbours and between rows, in scene pixels; a negative one counts as 0.
     void setSpacing(qreal spacing);
 

@@ -85,7 +85,7 @@ void MLabel::setWordWrapMode(QTextOption::WrapMode mode)
 QStringList MLabel::brokenLines(qreal width) const
 {
     const QStringList paragraphs = m_text.left(MStyle::laidOutCharacters).split(QLatin1Char('\n'));
-    if (!m_wordWrap || m_wrapMode == QTextOption::NoWrap || m_wrapMode == QTextOption::ManualWrap || width < 0)
+    if (!m_wordWrap || width < 0)
         return paragraphs;
     QStringList lines;
     for (const QString &paragraph : paragraphs) {
@@ -130,17 +130,12 @@ void MLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget 
         m_laidOut = true;
     }
     painter->setFont(font());
-    QColor color = m_color;
-    if (!isEnabled())
-        color.setAlphaF(color.alphaF() * MStyle::disabledOpacity);
-    painter->setPen(color);
+    painter->setPen(m_color);
     const qreal lineHeight = QFontMetricsF(font()).lineSpacing();
     const qreal textHeight = lineHeight * m_lines.size();
     qreal y = 0;
     if (m_alignment & Qt::AlignVCenter)
         y = qRound((size().height() - textHeight) / 2);
-    else if (m_alignment & Qt::AlignBottom)
-        y = size().height() - textHeight;
     const int flags
         = int(m_alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextSingleLine | Qt::TextDontClip;
     for (const QString &line : qAsConst(m_lines)) {

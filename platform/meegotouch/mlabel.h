@@ -27,13 +27,10 @@ public:
     /// An invalid colour brings back the default one.
     void setColor(const QColor &color);
 
-    Qt::Alignment alignment() const { return m_alignment; }
     void setAlignment(Qt::Alignment alignment);
 
-    bool wordWrap() const { return m_wordWrap; }
     void setWordWrap(bool wrap);
 
-    QTextOption::WrapMode wordWrapMode() const { return m_wrapMode; }
     /// Where lines may break while word wrap is on; at word boundaries if not set.
     void setWordWrapMode(QTextOption::WrapMode mode);
 

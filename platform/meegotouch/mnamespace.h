@@ -7,7 +7,6 @@
 namespace M {
 
 /// How a window is held.
-enum Orientation { Landscape, Portrait };
 
 /// The buttons that a dialog can make by itself.
 enum StandardButton {

@@ -9,11 +9,8 @@
 
 #include <cmath>
 
-const QString MProgressIndicator::spinnerType = QStringLiteral("spinner");
-
-MProgressIndicator::MProgressIndicator(QGraphicsItem *parent, const QString &viewType)
+MProgressIndicator::MProgressIndicator(QGraphicsItem *parent)
     : MWidget(parent)
-    , m_viewType(viewType)
 {
     setAcceptedMouseButtons(Qt::NoButton);
     m_clock.start();

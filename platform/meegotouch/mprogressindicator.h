@@ -5,7 +5,6 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
-#include <QString>
 
 /// A spinner for work of unknown length, to lie over any background. It turns, and uses the processor, only while it
 /// can be seen.
@@ -13,14 +12,8 @@ class MProgressIndicator : public MWidget {
     Q_OBJECT
 
 public:
-    /// The only view type there is: dots in a circle.
-    static const QString spinnerType;
+    explicit MProgressIndicator(QGraphicsItem *parent = nullptr);
 
-    explicit MProgressIndicator(QGraphicsItem *parent = nullptr, const QString &viewType = spinnerType);
-
-    QString viewType() const { return m_viewType; }
-
-    bool isUnknownDuration() const { return m_unknownDuration; }
     /// Spins while true; stands still, from the start, while false.
     void setUnknownDuration(bool unknown);
 
@@ -37,7 +30,6 @@ protected:
 private:
     void startOrStop();
 
-    QString m_viewType;
     QBasicTimer m_timer;
     QElapsedTimer m_clock;
     bool m_unknownDuration = false;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "mscenewindow.h"
 
-#include "mapplication.h"
 #include "mapplicationwindow.h"
 #include "mfadingpicture.h"
 
+#include <QGraphicsScene>
 #include <QTimer>
 
 #include <algorithm>
@@ -41,6 +41,11 @@ void MSceneWindow::appear(MApplicationWindow *window, DeletionPolicy policy)
             destroySoon();
         return;
     }
+    if (m_window != window) {
+        if (m_window)
+            disconnect(m_window, nullptr, this, nullptr);
+        connect(window, &MApplicationWindow::closing, this, &MSceneWindow::leaveClosingWindow);
+    }
     m_window = window;
     m_onDisplay = true;
     entering();
@@ -51,7 +56,7 @@ void MSceneWindow::appear(MApplicationWindow *window, DeletionPolicy policy)
 
 void MSceneWindow::appear(DeletionPolicy policy)
 {
-    appear(MApplication::activeApplicationWindow(), policy);
+    appear(MApplicationWindow::active(), policy);
 }
 
 MApplicationWindow *MSceneWindow::applicationWindow() const
@@ -88,6 +93,15 @@ void MSceneWindow::leave(bool dismissed)
     left();
     if (self)
         emit disappeared();
+}
+
+void MSceneWindow::leaveClosingWindow()
+{
+    const QPointer<MSceneWindow> self = this;
+    dismiss();
+    // What others own goes back to them; the window's scene destroys the rest.
+    if (self && isKept() && !parentItem() && scene())
+        scene()->removeItem(this);
 }
 
 // Not deleteLater(), which reaches the object through its event(): a subclass may swallow that.

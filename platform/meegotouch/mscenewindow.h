@@ -31,7 +31,7 @@ public:
     /// is nothing to show: the policy is carried out as if it had been dismissed.
     void appear(MApplicationWindow *window, DeletionPolicy policy = KeepWhenDone);
 
-    /// The same in the active window (MApplication::activeApplicationWindow()).
+    /// The same in the active window (MApplicationWindow::active()).
     void appear(DeletionPolicy policy = KeepWhenDone);
 
     /// Whether it has appeared and not left yet.
@@ -42,9 +42,6 @@ public:
 
     /// The window that it appeared in last; null before that, and when the window is gone.
     MApplicationWindow *applicationWindow() const;
-
-    /// Whether KeepWhenDone holds.
-    bool isKept() const { return m_policy == KeepWhenDone; }
 
     // Not slots, deliberately: scripts of a page in a web view can call every slot of an object that is shown to them.
 
@@ -78,7 +75,9 @@ protected:
     void setFadeDuration(int milliseconds) { m_fade.setDuration(milliseconds); }
 
 private:
+    bool isKept() const { return m_policy == KeepWhenDone; }
     void leave(bool dismissed);
+    void leaveClosingWindow();
     void destroySoon();
 
     QPointer<MApplicationWindow> m_window;

@@ -9,8 +9,7 @@
 namespace MStyle {
 
 // The scene: one screen of the phone, less its status bar
-inline constexpr QSize portraitSceneSize{480, 814};
-inline constexpr QSize landscapeSceneSize{814, 480};
+inline constexpr QSize sceneSize{480, 814};
 
 // Text: a phone's narrow letters where there are any, else what the system has
 inline QStringList fontFamilies()
@@ -19,6 +18,7 @@ inline QStringList fontFamilies()
             QStringLiteral("DejaVu Sans Condensed")};
 }
 inline constexpr int fontPixelSize = 20;
+inline constexpr int narrowestLetters = 70; // percent of a letter's own width
 // As much of a text as is ever laid out: more than any label or button shows
 inline constexpr int laidOutCharacters = 1000;
 
@@ -66,7 +66,6 @@ inline constexpr qreal buttonTextMargin = 10;
 inline constexpr qreal buttonHeight = 48;
 inline constexpr qreal buttonMinimumWidth = 96;
 inline constexpr int buttonTextSize = 18;
-inline constexpr int buttonSmallestTextSize = 14;
 inline constexpr QColor buttonText{255, 255, 255};
 inline constexpr QColor buttonTop{93, 108, 119};
 inline constexpr QColor buttonBottom{40, 50, 58};

@@ -203,15 +203,14 @@ private slots:
         }
         group.addButton(&plain, 2);
         QVERIFY(!a.isChecked());
-        QCOMPARE(group.checkedButton(), &b);
+        QVERIFY(b.isChecked());
 
         a.click();
-        QCOMPARE(group.checkedId(), 0);
-        QVERIFY(!b.isChecked());
+        QVERIFY(a.isChecked() && !b.isChecked());
         a.click();
         QVERIFY(a.isChecked());
         plain.click();
-        QCOMPARE(group.checkedId(), 0);
+        QVERIFY(a.isChecked());
     }
 
     void groupAndButtonsOutliveEachOther()
