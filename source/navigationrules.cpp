@@ -28,6 +28,17 @@ const char *const K_BRIDGE_SCRIPTS[K_BRIDGE_SCRIPT_COUNT] = {
     "javascript:window.VANTU.getAutoLogin(blnRememberMe)",
 };
 
+bool isSameOrigin(const QUrl &one, const QUrl &other)
+{
+    const auto port = [](const QUrl &url) { return url.port(url.scheme() == QLatin1String("https") ? 443 : 80); };
+    return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
+}
+
+bool isServiceUrl(const QUrl &url)
+{
+    return isSameOrigin(url, QUrl(QLatin1String(K_SERVICE_ROOT)));
+}
+
 bool isTwitterUrl(const QString &url)
 {
     return url.contains(QLatin1String("twitter"), Qt::CaseInsensitive);

@@ -2,8 +2,14 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 /// How the page reads the addresses and texts that the web view arrives at, as functions and tables of plain values.
+
+/// True for two addresses of one scheme, host and port.
+bool isSameOrigin(const QUrl &one, const QUrl &other);
+/// True for a page of the service: it has the scheme, host and port of the service's root.
+bool isServiceUrl(const QUrl &url);
 
 /// True for a page of the external sharing site that cannot be shown with scripts and tiles on.
 bool isTwitterUrl(const QString &url);

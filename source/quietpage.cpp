@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "quietpage.h"
 
+#include "discreetnetwork.h"
+
 #include <QNetworkReply>
 
 QuietPage::QuietPage(QObject *parent)
     : QWebPage(parent)
 {
+    setNetworkAccessManager(new DiscreetNetwork(this));
     connect(this, &QWebPage::loadStarted, this, [this] { m_hasFailed = false; });
 }
 

@@ -3,7 +3,8 @@
 
 #include <QWebPage>
 
-/// A page that brings nothing of the engine's or the desktop's own on the screen.
+/// A page that brings nothing of the engine's or the desktop's own on the screen, and tells no host of another's
+/// addresses.
 class QuietPage : public QWebPage {
 public:
     explicit QuietPage(QObject *parent = nullptr);

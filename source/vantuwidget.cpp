@@ -67,6 +67,11 @@ void VantuPage::connectUI()
     connect(toggleButtons, QOverload<int>::of(&MButtonGroup::buttonClicked), this, &VantuPage::on_ToggleButtonClicked);
     connect(webView, &QGraphicsWebView::loadStarted, this, &VantuPage::on_pageLoadStarted);
     connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
+    const auto watch = [this](QWebFrame *frame) {
+        connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [this, frame] { hideReferrer(frame); });
+    };
+    watch(webView->page()->mainFrame());
+    connect(webView->page(), &QWebPage::frameCreated, this, watch);
     connect(webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this,
             &VantuPage::attachObjectToJS);
     scriptFacade = std::make_unique<ScriptFacade>(this, staticMetaObject);

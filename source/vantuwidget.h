@@ -28,6 +28,7 @@ class MTextEdit;
 class MyLayoutPolicy;
 class MyQWebView;
 class QNetworkAccessManager;
+class QWebFrame;
 class ScriptFacade;
 class SelectButton;
 class ToggleButton;
@@ -77,7 +78,7 @@ public:
     void clearUserLogin();
 
 public slots:
-    /// Makes the page's slots the window object "VANTU" of the web page.
+    /// Makes the page's slots the window object "VANTU" of the web page on display, if that is the service's or empty.
     void attachObjectToJS();
     // What a web page hands over, each as text. Nothing is reported back; odd values count as 0, or false.
     void showTitle(QString html);
@@ -185,6 +186,8 @@ private:
     void setTiledBackingStore(bool on);
     void setJavaScript(bool on);
 
+    /// Has scripts of other hosts in @p frame find no address of the page that led to them.
+    void hideReferrer(QWebFrame *frame);
     void detectErrorPage();
     void finishFailedLoad();
     void finishLoad(const QString &url);

@@ -4,6 +4,7 @@
 #include "globaldefine.h"
 #include "mybutton.h"
 #include "myqwebview.h"
+#include "navigationrules.h"
 #include "scriptfacade.h"
 #include "servicerequests.h"
 
@@ -36,7 +37,20 @@ void setBadge(ToggleButton *tab, const QString &count)
 
 void VantuPage::attachObjectToJS()
 {
-    webView->page()->mainFrame()->addToJavaScriptWindowObject(QStringLiteral("VANTU"), scriptFacade.get());
+    QWebFrame *frame = webView->page()->mainFrame();
+    const QUrl url = frame->url();
+    // Deliberately not for every page: what a page may do here is for the service alone.
+    if (isServiceUrl(url) || url.isEmpty() || url == QUrl(QStringLiteral("about:blank")))
+        frame->addToJavaScriptWindowObject(QStringLiteral("VANTU"), scriptFacade.get());
+}
+
+void VantuPage::hideReferrer(QWebFrame *frame)
+{
+    // The address may hold the login. On the prototype, and in the frames of such pages too (those without an address
+    // included), since a script could borrow the property's getter from any document in its reach.
+    if (!isServiceUrl(frame->url()))
+        frame->evaluateJavaScript(
+            QStringLiteral("Object.defineProperty(Document.prototype, 'referrer', {get: function() { return ''; }})"));
 }
 
 void VantuPage::showTitle(QString html)

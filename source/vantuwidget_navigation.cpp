@@ -149,7 +149,8 @@ void VantuPage::finishLoad(const QString &url)
 {
     disconnect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
     disconnect(webView, &QGraphicsWebView::urlChanged, this, &VantuPage::on_url_change);
-    runBridgeScripts();
+    if (isServiceUrl(QUrl(url)))
+        runBridgeScripts(); // Deliberately for the service's pages only: nobody else says who the player is.
     if (!webView->settings()->testAttribute(QWebSettings::JavascriptEnabled))
         setJavaScript(true);
     connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);

