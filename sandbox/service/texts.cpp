@@ -89,7 +89,7 @@ const std::vector<Phrase> phrases = {
     {"PREVIOUS", {"Previous", "Précédents", "Zurück", "Precedenti", "Anteriores"}},
     {"NEXT", {"Next", "Suivants", "Weiter", "Successivi", "Siguientes"}},
     {"SEARCH", {"Search", "Chercher", "Suchen", "Cerca", "Buscar"}},
-    {"SEARCH_FOR", {"Name of a player", "Nom ou identifiant", "Name oder Benutzername", "Nome o nome utente", "Nombre o usuario"}},
+    {"SEARCH_FOR", {"Name of a player", "Nom ou identifiant", "Wen suchst du?", "Chi cerchi?", "¿A quién buscas?"}},
     {"PERHAPS_YOU_KNOW", {"Perhaps you know", "Vous connaissez peut-être", "Vielleicht kennst du", "Forse conosci", "Quizá conozcas a"}},
     {"FOUND", {"Found", "Résultats", "Gefunden", "Risultati", "Resultados"}},
     {"NOBODY_FOUND", {"Nobody of that name.", "Personne de ce nom.", "Niemand mit diesem Namen.", "Nessuno con questo nome.", "Nadie con ese nombre."}},
