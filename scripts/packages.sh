@@ -5,7 +5,7 @@
 
 build_packages=(
     g++ cmake ninja-build pkgconf
-    qtbase5-dev qtbase5-private-dev libqt5webkit5-dev qtsystems5-dev
+    qtbase5-dev qtbase5-private-dev qttranslations5-l10n libqt5webkit5-dev qtsystems5-dev
     libcpp-httplib-dev libctemplate-dev libsqlitecpp-dev libcli11-dev libutfcpp-dev libssl-dev
     dbus-daemon dbus-bin fonts-liberation2 fonts-dejavu-core
 )

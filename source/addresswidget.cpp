@@ -12,6 +12,7 @@
 #include "mtextedit.h"
 
 #include <QGraphicsScene>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -21,9 +22,13 @@ namespace {
 constexpr qreal K_SPACING = 10;
 constexpr qreal K_LINE_HEIGHT = 30;
 constexpr qreal K_CAPTION_WIDTH = 400;
+constexpr qreal K_RIGHT_MARGIN = 20;
 constexpr qreal K_RECIPIENT_HEIGHT = 40;
 constexpr int K_CHARACTER_WIDTH = 18;
 constexpr int K_RECIPIENT_PADDING = 20;
+
+constexpr qreal K_CROSS_SIZE = 8;
+constexpr qreal K_CROSS_MARGIN = 10;
 
 } // namespace
 
@@ -32,8 +37,8 @@ AddressWidget::AddressWidget()
     , centralWidget(new MWidget)
 {
     auto *layout = new MLayout;
-    // The caption and the add button just fit their line: no margins of the desktop's style.
-    layout->setContentsMargins(0, 0, 0, 0);
+    // The caption and the add button just fit their line, and no other line is longer.
+    layout->setContentsMargins(0, 0, K_RIGHT_MARGIN, 0);
     m_policy = new MFlowLayoutPolicy(layout);
     m_policy->setSpacing(K_SPACING);
 
@@ -96,7 +101,7 @@ void AddressWidget::addressButtonClicked(MButton *button)
 void AddressWidget::addNewAddress(QString text)
 {
     if (!text.isEmpty())
-        addRecipient(new MButton(text));
+        addRecipient(new RecipientButton(text));
 }
 
 void AddressWidget::addNewUIDAddress(QString userName, QString uuid)
@@ -134,6 +139,7 @@ void AddressWidget::addRecipient(MButton *button)
     button->setPreferredSize(button->text().length() * K_CHARACTER_WIDTH + K_RECIPIENT_PADDING, K_RECIPIENT_HEIGHT);
     m_policy->addItem(button);
     btnGroup->addButton(button);
+    reveal(button);
 }
 
 /// The button is out of everything at once, but deleted later only: it may be in the middle of telling its click.
@@ -147,8 +153,28 @@ void AddressWidget::removeRecipient(MButton *button)
     button->deleteLater();
 }
 
-UUIDButton::UUIDButton(QString text, QString uuid)
+RecipientButton::RecipientButton(const QString &text)
     : MButton(text)
+{
+    setContentsMargins(0, 0, K_CROSS_SIZE, 0);
+    setAccessibleName(localized(NAME_REMOVE_RECIPIENT).arg(text));
+}
+
+void RecipientButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
+{
+    MButton::paint(painter, option, widget);
+    const QRectF cross(size().width() - K_CROSS_MARGIN - K_CROSS_SIZE, (size().height() - K_CROSS_SIZE) / 2,
+                       K_CROSS_SIZE, K_CROSS_SIZE);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap));
+    painter->drawLine(cross.topLeft(), cross.bottomRight());
+    painter->drawLine(cross.topRight(), cross.bottomLeft());
+    painter->restore();
+}
+
+UUIDButton::UUIDButton(QString text, QString uuid)
+    : RecipientButton(text)
     , uuid(std::move(uuid))
 {
 }

@@ -63,8 +63,18 @@ private:
     Address_Type type = EMAIL;
 };
 
+/// A recipient, whom a tap removes: the cross at the right end says so.
+class RecipientButton : public MButton {
+    Q_OBJECT
+
+public:
+    explicit RecipientButton(const QString &text);
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
+};
+
 /// Recipient that is a user: shows the name, carries the id.
-class UUIDButton : public MButton {
+class UUIDButton : public RecipientButton {
     Q_OBJECT
 
 public:

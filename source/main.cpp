@@ -5,7 +5,16 @@
 
 #include "mapplication.h"
 
+#include <QLocale>
+
 #include <cstdio>
+
+namespace {
+
+constexpr QLocale::Language LOCALES[]
+    = {QLocale::English, QLocale::French, QLocale::German, QLocale::Italian, QLocale::Spanish};
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -20,6 +29,8 @@ int main(int argc, char **argv)
     }
     g_KVB = toInt(argv[1]);
     g_languageIdx = toLanguage(argv[2]);
+    // What Qt has words of its own for is said in the same language.
+    QLocale::setDefault(QLocale(LOCALES[g_languageIdx]));
     g_trophyIdx = argc == 4 ? toMask(argv[3]) : 0;
 
     MainWindow window(nullptr);

@@ -117,7 +117,7 @@ void VantuPage::initComposer()
 
     lblSubject = new MLabel;
     lblSubject->setColor(Qt::black);
-    lblSubject->setAlignment(Qt::AlignLeft | Qt::AlignTop); // Its frame's lower line runs through its lower part.
+    lblSubject->setContentsMargins(0, 1, 0, 10); // Its frame is less high than the label.
     mainPolicy->addItemAtGeometry(lblSubject, QRectF(10, 245, width - 20, 40));
     lblSubject->hide();
 

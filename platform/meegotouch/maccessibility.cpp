@@ -85,31 +85,31 @@ QAccessibleInterface *interfaceOf(QGraphicsItem *item)
     return object ? QAccessible::queryAccessibleInterface(object) : nullptr;
 }
 
-void collect(const QGraphicsItem *parent, Interfaces &found)
+/// Row by row, each from the left. What can be panned has its place as a whole.
+QList<QGraphicsItem *> inReadingOrder(QList<QGraphicsItem *> items)
 {
-    const auto children = parent->childItems();
-    for (QGraphicsItem *child : children) {
-        if (!child->isVisible())
+    std::stable_sort(items.begin(), items.end(), [](const QGraphicsItem *one, const QGraphicsItem *other) {
+        const QPointF a = one->sceneBoundingRect().topLeft();
+        const QPointF b = other->sceneBoundingRect().topLeft();
+        return a.y() != b.y() ? a.y() < b.y() : a.x() < b.x();
+    });
+    return items;
+}
+
+/// Appends what stands for those of @p items that are visible: themselves, or else what they hold.
+void collect(const QList<QGraphicsItem *> &items, Interfaces &found)
+{
+    const auto ordered = inReadingOrder(items);
+    for (QGraphicsItem *item : ordered) {
+        if (!item->isVisible())
             continue;
-        MButtonGroup *tabs = tabsOf(child);
-        QAccessibleInterface *own = tabs ? QAccessible::queryAccessibleInterface(tabs) : interfaceOf(child);
+        MButtonGroup *tabs = tabsOf(item);
+        QAccessibleInterface *own = tabs ? QAccessible::queryAccessibleInterface(tabs) : interfaceOf(item);
         if (!own)
-            collect(child, found);
+            collect(item->childItems(), found);
         else if (!found.contains(own))
             found.append(own);
     }
-}
-
-/// Row by row, each from the left.
-Interfaces inReadingOrder(Interfaces interfaces)
-{
-    std::stable_sort(interfaces.begin(), interfaces.end(),
-                     [](const QAccessibleInterface *one, const QAccessibleInterface *other) {
-                         const QPoint a = one->rect().topLeft();
-                         const QPoint b = other->rect().topLeft();
-                         return a.y() != b.y() ? a.y() < b.y() : a.x() < b.x();
-                     });
-    return interfaces;
 }
 
 /// What every interface with children of its own does with them.
@@ -177,9 +177,9 @@ public:
         const auto items = window->scene()->items(Qt::AscendingOrder);
         for (const QGraphicsItem *item : items) {
             if (!item->parentItem() && item->isVisible())
-                collect(item, found);
+                collect(item->childItems(), found);
         }
-        return inReadingOrder(found);
+        return found;
     }
 
     // The focus is on the item that has it in the scene, if one has.
@@ -221,8 +221,8 @@ public:
     Interfaces children() const override
     {
         Interfaces found;
-        collect(widget(), found);
-        return inReadingOrder(found);
+        collect(widget()->childItems(), found);
+        return found;
     }
 
     QRect rect() const override { return onScreen(windowOf(widget()), widget()->sceneBoundingRect()); }
@@ -402,6 +402,14 @@ public:
             QAccessible::deleteAccessibleInterface(row);
     }
 
+    // The focus is on the current row, if there is one.
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = ItemInterface::state();
+        state.focused = state.focused && !static_cast<MPopupList *>(object())->currentIndex().isValid();
+        return state;
+    }
+
     Interfaces children() const override
     {
         auto *list = static_cast<MPopupList *>(object());
@@ -463,12 +471,12 @@ private:
     const MAccessibleDocument *m_document;
 };
 
-/// Whether anybody knows of @p object. Outside of a scene nobody does, and it may be half built: an interface made now
-/// would be that of its base class for good.
+/// Whether anybody wants to know of @p object. Outside of a scene nobody does, and it may be half built: an interface
+/// made now would be that of its base class for good.
 bool isKnown(QObject *object)
 {
     const auto *item = qobject_cast<QGraphicsObject *>(object);
-    return QAccessible::isActive() && (!item || item->scene());
+    return QAccessible::isActive() && (!item || item->scene()) && QAccessible::queryAccessibleInterface(object);
 }
 
 QAccessibleInterface *makeInterface(const QString &, QObject *object)

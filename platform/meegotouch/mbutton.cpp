@@ -304,7 +304,7 @@ void MButton::drawFrame(QPainter *painter) const
 
 void MButton::drawText(QPainter *painter)
 {
-    const QRectF area = rect().adjusted(MStyle::buttonTextMargin, 0, -MStyle::buttonTextMargin, 0);
+    const QRectF area = contentsRect().adjusted(MStyle::buttonTextMargin, 0, -MStyle::buttonTextMargin, 0);
     if (!m_fitted) {
         fitText(area.width());
         m_fitted = true;

@@ -108,8 +108,9 @@ QStringList MLabel::brokenLines(qreal width) const
 QStringList MLabel::fittingLines() const
 {
     const QFontMetricsF metrics(font());
-    QStringList lines = brokenLines(size().width());
-    const int room = qMax(1, int((size().height() + 1) / metrics.lineSpacing()));
+    const QRectF area = contentsRect();
+    QStringList lines = brokenLines(area.width());
+    const int room = qMax(1, int((area.height() + 1) / metrics.lineSpacing()));
     if (lines.size() > room) {
         const QString rest = lines.mid(room - 1).join(QLatin1Char(' ')).simplified();
         lines = lines.mid(0, room - 1);
@@ -118,7 +119,7 @@ QStringList MLabel::fittingLines() const
     for (QString &line : lines) {
         while (!line.isEmpty() && line.back().isSpace())
             line.chop(1);
-        line = metrics.elidedText(line, Qt::ElideRight, size().width());
+        line = metrics.elidedText(line, Qt::ElideRight, area.width());
     }
     return lines;
 }
@@ -133,13 +134,14 @@ void MLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget 
     painter->setPen(m_color);
     const qreal lineHeight = QFontMetricsF(font()).lineSpacing();
     const qreal textHeight = lineHeight * m_lines.size();
-    qreal y = 0;
+    const QRectF area = contentsRect();
+    qreal y = area.top();
     if (m_alignment & Qt::AlignVCenter)
-        y = qRound((size().height() - textHeight) / 2);
+        y = qRound(area.center().y() - textHeight / 2);
     const int flags
         = int(m_alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextSingleLine | Qt::TextDontClip;
     for (const QString &line : qAsConst(m_lines)) {
-        painter->drawText(QRectF(0, y, size().width(), lineHeight), flags, line);
+        painter->drawText(QRectF(area.left(), y, area.width(), lineHeight), flags, line);
         y += lineHeight;
     }
 }

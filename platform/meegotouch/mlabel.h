@@ -9,7 +9,7 @@
 
 /// Plain text in one or more lines. Line breaks in the text are kept; what does not fit is elided, to the right in
 /// each line and after the last line for which there is room. Dark text, aligned to the left and centred vertically,
-/// until told otherwise. Of a very long text only the beginning is laid out.
+/// until told otherwise; its contents margins stay free. Of a very long text only the beginning is laid out.
 class MLabel : public MWidget {
     Q_OBJECT
 

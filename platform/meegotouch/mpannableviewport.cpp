@@ -219,6 +219,10 @@ void MPannableViewport::reveal(const QGraphicsItem *item)
 {
     if (!item || !m_content || !m_content->isAncestorOf(item))
         return;
+    // It may have come just now.
+    fitContent();
+    if (QGraphicsLayout *layout = m_content->layout())
+        layout->activate();
     const QRectF place = item->mapRectToItem(m_content, item->boundingRect())
                              .adjusted(0, -MStyle::revealMargin, 0, MStyle::revealMargin);
     setPosition(

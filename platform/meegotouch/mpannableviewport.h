@@ -30,6 +30,8 @@ public:
     qreal position() const { return m_position; }
     /// Pans at once; beyond the content's ends it goes to the end.
     void setPosition(qreal position);
+    /// Pans as far as it takes to show @p item; ignored for what is not in the content.
+    void reveal(const QGraphicsItem *item);
 
 protected:
     bool event(QEvent *event) override;
@@ -52,7 +54,6 @@ private:
     void scroll(const QScrollEvent *event);
     void fitContent();
     void showAt(qreal position, qreal overshoot);
-    void reveal(const QGraphicsItem *item);
     qreal range() const;
 
     QPointer<QGraphicsWidget> m_content;

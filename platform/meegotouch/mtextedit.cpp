@@ -1,23 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "mtextedit.h"
 
+#include "mapplicationwindow.h"
 #include "minputmethodstate.h"
+#include "mpopuplist.h"
 #include "mpositionbar.h"
 #include "mstyle.h"
 
+#include <QAction>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsProxyWidget>
 #include <QGraphicsScene>
-#include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QScrollEvent>
 #include <QScrollPrepareEvent>
+#include <QStringListModel>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTranslator>
 #include <QValidator>
 
 namespace {
@@ -50,6 +57,24 @@ QPalette fieldPalette()
     palette.setColor(QPalette::Highlight, MStyle::fieldSelection);
     palette.setColor(QPalette::HighlightedText, MStyle::fieldSelectedText);
     return palette;
+}
+
+/// Qt's own words for what its editors offer, in the language of the locale. Only now: a start has no time for it.
+void loadEditorWords()
+{
+    static QTranslator *words = nullptr;
+    if (words && words->property("locale").toLocale() == QLocale())
+        return;
+    delete words;
+    words = new QTranslator(qApp);
+    words->setProperty("locale", QLocale());
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#else
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#endif
+    if (words->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
+        QCoreApplication::installTranslator(words);
 }
 
 /// Lets everything pass, but makes spaces of the line breaks that a paste may bring.
@@ -225,7 +250,7 @@ bool MTextEdit::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
         m_tracker.release();
         return false;
     case QEvent::GraphicsSceneContextMenu:
-        showMenu(*static_cast<QGraphicsSceneContextMenuEvent *>(event));
+        showMenu();
         return true;
     default:
         return MWidget::sceneEventFilter(watched, event);
@@ -257,15 +282,32 @@ void MTextEdit::deliverPress(QGraphicsItem *editor, const QGraphicsSceneMouseEve
 }
 
 /// The editor's own menu opens inside the scene, cut off at the edge of the window, and the focus does not come back
-/// from it: its entries go into a menu of the window.
-void MTextEdit::showMenu(const QGraphicsSceneContextMenuEvent &event)
+/// from it: what it offers now goes into a list of the platform's.
+void MTextEdit::showMenu()
 {
-    QMenu *entries = m_line ? m_line->createStandardContextMenu() : m_area->createStandardContextMenu();
-    auto *menu = new QMenu(event.widget());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addActions(entries->actions());
-    connect(menu, &QObject::destroyed, entries, &QObject::deleteLater);
-    menu->popup(event.screenPos());
+    loadEditorWords();
+    QMenu *menu = m_line ? m_line->createStandardContextMenu() : m_area->createStandardContextMenu();
+    QVector<QPointer<QAction>> offered;
+    QStringList texts;
+    const auto actions = menu->actions();
+    for (QAction *action : actions) {
+        if (!action->isEnabled() || action->isSeparator() || action->menu())
+            continue;
+        offered.append(action);
+        // Without the key in the second column and the underlined letter.
+        texts.append(action->text().section(QLatin1Char('\t'), 0, 0).remove(QLatin1Char('&')));
+    }
+    auto *list = new MPopupList;
+    list->setAccessibleName(accessibleName());
+    list->setItemModel(new QStringListModel(texts, list));
+    connect(list, &QObject::destroyed, menu, &QObject::deleteLater);
+    connect(list, &MPopupList::clicked, list, [offered](const QModelIndex &row) {
+        if (QAction *action = offered.at(row.row()))
+            action->trigger();
+    });
+    // Where nothing is offered there is nothing to show: the list goes again.
+    list->appear(texts.isEmpty() ? nullptr : qobject_cast<MApplicationWindow *>(scene()->views().value(0)),
+                 MSceneWindow::DestroyWhenDone);
 }
 
 QVariant MTextEdit::itemChange(GraphicsItemChange change, const QVariant &value)

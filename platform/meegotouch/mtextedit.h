@@ -66,7 +66,7 @@ private:
     QWidget *makeArea();
     bool holdBackPress(QGraphicsSceneMouseEvent *event);
     void deliverPress(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release);
-    void showMenu(const QGraphicsSceneContextMenuEvent &event);
+    void showMenu();
     void showPosition();
 
     // The proxy is a child item and owns the editor: one of m_line and m_area, as the line mode says.

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "mbutton.h"
 #include "minputmethodstate.h"
+#include "mpopuplist.h"
 #include "mtextedit.h"
 #include "softwarekeyboard.h"
 #include "stage.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QInputMethodQueryEvent>
 #include <QSignalSpy>
 
@@ -228,6 +230,40 @@ private slots:
             QVERIFY(edit->text().startsWith(QLatin1String("0y0\n")));
         else
             QVERIFY(edit->text().count(QLatin1Char('\n')) < 98);
+    }
+
+    void menuSpeaksTheLanguage_data()
+    {
+        QTest::addColumn<MTextEditModel::LineMode>("mode");
+        QTest::addColumn<QLocale::Language>("language");
+        QTest::addColumn<QStringList>("rows");
+        QTest::newRow("line") << MTextEditModel::SingleLine << QLocale::German
+                              << QStringList{QStringLiteral("Einfügen"), QStringLiteral("Alles auswählen")};
+        QTest::newRow("area") << MTextEditModel::MultiLine << QLocale::French
+                              << QStringList{QStringLiteral("Coller"), QStringLiteral("Tout sélectionner")};
+    }
+    void menuSpeaksTheLanguage()
+    {
+        QFETCH(MTextEditModel::LineMode, mode);
+        QFETCH(QLocale::Language, language);
+        QLocale::setDefault(language);
+        Stage stage;
+        MTextEdit *edit = editOn(stage, mode, QStringLiteral("words"));
+        QGuiApplication::clipboard()->setText(QStringLiteral("other "));
+        stage.finger.tap(edit->sceneBoundingRect().topLeft() + QPointF(8, 20));
+        const QPoint place = stage.window.mapFromScene(edit->sceneBoundingRect().center());
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, stage.window.mapToGlobal(place));
+        QCoreApplication::sendEvent(stage.window.viewport(), &event);
+        const QPointer<MPopupList> list = qobject_cast<MPopupList *>(stage.window.topPanel());
+        QVERIFY(list);
+        QStringList rows;
+        for (int row = 0; row < list->itemModel()->rowCount(); ++row)
+            rows << list->itemModel()->index(row, 0).data().toString();
+        QTEST(rows, "rows");
+        list->pick(0);
+        QCOMPARE(edit->text(), QStringLiteral("other words"));
+        QVERIFY(edit->hasFocus());
+        QTRY_VERIFY(!list);
     }
 };
 

@@ -100,7 +100,7 @@ private slots:
         m_panel->addNewAddress(QString(1000, QLatin1Char('m')));
         m_panel->addNewAddress(QStringLiteral("next"));
         QCoreApplication::processEvents();
-        QCOMPARE(recipients().at(0)->size(), QSizeF(PLACE.width(), 40));
+        QCOMPARE(recipients().at(0)->size(), QSizeF(440, 40)); // up to where the add button ends
         QCOMPARE(recipients().at(1)->pos(), QPointF(0, 90));
         QCOMPARE(m_panel->getAllAddress().first().length(), 1000);
     }
@@ -110,8 +110,6 @@ private slots:
         m_panel->show(AddressWidget::MESSAGE);
         for (int i = 0; i < 500; ++i)
             m_panel->addNewUIDAddress(QStringLiteral("friend %1").arg(i), QString::number(i));
-        QCoreApplication::processEvents();
-        m_panel->setPosition(1e6);
         QVERIFY(PLACE.contains(recipients().last()->sceneBoundingRect()));
         tap(recipients().last());
         QCOMPARE(m_panel->getRecipientsCount(), 499);
