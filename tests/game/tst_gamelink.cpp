@@ -1,219 +1,137 @@
 // SPDX-License-Identifier: MIT
 #include "gamepeer.h"
+#include "process.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QtTest>
 
-#include <cstring>
-
-Q_DECLARE_METATYPE(GamePeer::Answer)
-
-namespace {
-
 using Answer = GamePeer::Answer;
+Q_DECLARE_METATYPE(Answer)
 
-const QByteArray hint = "Cannot connect to the D-Bus session bus.\n"
-                        "To start it, run:\n"
-                        "\teval `dbus-launch --auto-syntax`\n";
-
-/// A process that uses the link, with a console that is read.
-class LinkUser : public QProcess {
-public:
-    explicit LinkUser(const QStringList &arguments, bool withBus = true)
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        if (!withBus)
-            environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
-        setProcessEnvironment(environment);
-        start(QStringLiteral(LINKUSER_PROGRAM), arguments);
-    }
-    ~LinkUser() override
-    {
-        kill();
-        waitForFinished();
-    }
-
-    /// Keeps this process's own event loop going, where the strangers answer.
-    bool ends()
-    {
-        return QTest::qWaitFor([this] { return state() == NotRunning; }, 10000);
-    }
-
-    QByteArray nextLine(ProcessChannel channel)
-    {
-        setReadChannel(channel);
-        return QTest::qWaitFor([this] { return canReadLine(); }, 10000) ? readLine() : QByteArray();
-    }
-};
-
-} // namespace
-
+/// The link as both sides use it, each in a process of its own, so that its console and its end are seen.
 class GameLinkTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void strangersAnswer_data();
-    void strangersAnswer();
-    void messageArrivesAsItIs();
-    void nobodyOwnsTheName();
-    void nobodyIsAtThePath();
-    void noBus_data();
-    void noBus();
-    void ownersAreSeen();
-    void registeredGameHears();
-    void registeredGameOutlivesNonsense();
-    void nameIsTaken();
+    void strangersAnswer_data()
+    {
+        QTest::addColumn<Answer>("answer");
+        QTest::addColumn<QString>("described");
+        QTest::addColumn<QByteArray>("output");
+        QTest::addColumn<QByteArray>("errors");
+
+        const auto row = [](const char *name, const Answer &answer, const char *output, const char *errors,
+                            const char *described = "") {
+            QTest::newRow(name) << answer << described << QByteArray(output) << QByteArray(errors);
+        };
+        const Answer nothing = [](const QDBusMessage &call) { return call.createReply(); };
+        const char *const noString
+            = "Call failed: Unexpected reply signature: got \"<empty signature>\", expected \"s\" (QString)\n";
+        row("with a string", GamePeer::answerString, "call ok", "");
+        row("with nothing", nothing, "", noString);
+        row("though none need wait", nothing, "", noString,
+            "<interface name='game.Link'><method name='recive'><arg type='s' direction='in'/>"
+            "<annotation name='org.freedesktop.DBus.Method.NoReply' value='true'/></method></interface>");
+        row(
+            "with an error",
+            [](const QDBusMessage &call) {
+                return call.createErrorReply(QStringLiteral("game.Error.Busy"), QStringLiteral("100 % busy: %s%n"));
+            },
+            "", "Call failed: 100 % busy: %s%n\n");
+        row(
+            "by leaving", [](const QDBusMessage &) { return QDBusMessage(); }, "",
+            "Call failed: Message recipient disconnected from message bus without replying\n");
+    }
+    void strangersAnswer()
+    {
+        QFETCH(Answer, answer);
+        QFETCH(QString, described);
+        GamePeer game(answer, described);
+        Process companion(LINKUSER_PROGRAM, {L1("send"), L1("RESUMEGAME")});
+        QVERIFY(companion.ends());
+        QCOMPARE(companion.exitCode(), 0);
+        QTEST(companion.readAllStandardOutput(), "output");
+        QTEST(companion.readAllStandardError(), "errors");
+        QCOMPARE(game.calls.size(), 1);
+        QCOMPARE(game.calls.first().member(), L1("recive"));
+        QCOMPARE(game.calls.first().interface(), QString());
+        QCOMPARE(game.calls.first().arguments(), QVariantList{L1("RESUMEGAME")});
+    }
+
+    void nobodyHears()
+    {
+        Process early(LINKUSER_PROGRAM, {L1("send"), L1("QUIT")});
+        QVERIFY(early.ends());
+        QCOMPARE(early.readAllStandardOutput(), QByteArray());
+        QCOMPARE(early.readAllStandardError(),
+                 QByteArray("The name com.quelmora.QtDBus.Torvane was not provided by any .service files\n"));
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        QVERIFY(bus.registerService(GamePeer::name()));
+        Process lost(LINKUSER_PROGRAM, {L1("send"), L1("QUIT")});
+        QVERIFY(lost.ends());
+        QVERIFY(bus.unregisterService(GamePeer::name()));
+        QCOMPARE(lost.readAllStandardError(), QByteArray("Call failed: No such object path '/'\n"));
+    }
+
+    void noBus_data()
+    {
+        QTest::addColumn<QString>("use");
+        for (const char *use : {"send", "register", "running"})
+            QTest::newRow(use) << use;
+    }
+    void noBus()
+    {
+        QFETCH(QString, use);
+        Process process(LINKUSER_PROGRAM, {use, L1("QUIT")}, false);
+        QVERIFY(process.ends());
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(process.readAllStandardError(),
+                 QByteArray("Cannot connect to the D-Bus session bus.\n"
+                            "To start it, run:\n"
+                            "\teval `dbus-launch --auto-syntax`\n"));
+    }
+
+    void ownersAreSeen()
+    {
+        Process before(LINKUSER_PROGRAM, {L1("running")});
+        QVERIFY(before.ends());
+        QCOMPARE(before.exitCode(), 0);
+        QCOMPARE(before.readAllStandardError(), QByteArray("-------------------IsRunning FAIL\n"));
+
+        GamePeer game;
+        Process then(LINKUSER_PROGRAM, {L1("running")});
+        QVERIFY(then.ends());
+        QCOMPARE(then.exitCode(), 1);
+        QCOMPARE(then.readAllStandardError(), QByteArray("-------------------IsRunning OK\n"));
+        Process second(LINKUSER_PROGRAM, {L1("register")});
+        QVERIFY(second.ends());
+        QCOMPARE(second.readAllStandardOutput(), QByteArray("0\n"));
+        QVERIFY(!second.readAllStandardError().contains("Register OK"));
+    }
+
+    void registeredGameHearsAndOutlivesNonsense()
+    {
+        Process game(LINKUSER_PROGRAM, {L1("register"), L1("stay")});
+        QCOMPARE(game.nextLine(), QByteArray("0\n"));
+        QCOMPARE(game.nextLine(QProcess::StandardError), QByteArray("-------------------Register OK\n"));
+
+        const auto ask = [](const char *method, const QVariantList &arguments) {
+            QDBusMessage call
+                = QDBusMessage::createMethodCall(GamePeer::name(), QStringLiteral("/"), QString(), L1(method));
+            call.setArguments(arguments);
+            return QDBusConnection::sessionBus().call(call);
+        };
+        QCOMPARE(ask("recive", {7}).type(), QDBusMessage::ErrorMessage);
+        QCOMPARE(ask("recive", {}).type(), QDBusMessage::ErrorMessage);
+        QCOMPARE(ask("deleteLater", {}).type(), QDBusMessage::ErrorMessage);
+        QCOMPARE(ask("received", {L1("a signal")}).type(), QDBusMessage::ErrorMessage);
+        const QDBusMessage reply = ask("recive", {QString(10000, QLatin1Char('x'))});
+        QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+        QCOMPARE(reply.signature(), QString());
+        QCOMPARE(game.nextLine(QProcess::StandardError), "\"->>>>>>>>> Recive" + QByteArray(10000, 'x') + "\"\n");
+    }
 };
-
-void GameLinkTest::strangersAnswer_data()
-{
-    QTest::addColumn<Answer>("answer");
-    QTest::addColumn<QString>("described");
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QByteArray>("errors");
-
-    const Answer nothing = [](const QDBusMessage &call) { return call.createReply(); };
-    const QByteArray noString
-        = "Call failed: Unexpected reply signature: got \"<empty signature>\", expected \"s\" (QString)\n";
-
-    QTest::newRow("with a string") << Answer(GamePeer::answerString) << QString() << QByteArray("call ok")
-                                   << QByteArray();
-    QTest::newRow("with an empty string")
-        << Answer([](const QDBusMessage &call) { return call.createReply(QString()); }) << QString()
-        << QByteArray("call ok") << QByteArray();
-    QTest::newRow("with nothing") << nothing << QString() << QByteArray() << noString;
-    QTest::newRow("though none need wait")
-        << nothing
-        << QStringLiteral("<interface name='game.Link'><method name='recive'><arg type='s' direction='in'/>"
-                          "<annotation name='org.freedesktop.DBus.Method.NoReply' value='true'/></method></interface>")
-        << QByteArray() << noString;
-    QTest::newRow("with a number")
-        << Answer([](const QDBusMessage &call) { return call.createReply(7); }) << QString() << QByteArray()
-        << QByteArray("Call failed: Unexpected reply signature: got \"i\" (int), expected \"s\" (QString)\n");
-    QTest::newRow("with an error") << Answer([](const QDBusMessage &call) {
-        return call.createErrorReply(QStringLiteral("game.Error.Busy"), QStringLiteral("100 % busy: %s%n"));
-    }) << QString() << QByteArray() << QByteArray("Call failed: 100 % busy: %s%n\n");
-    QTest::newRow("by leaving")
-        << Answer([](const QDBusMessage &) { return QDBusMessage(); }) << QString() << QByteArray()
-        << QByteArray("Call failed: Message recipient disconnected from message bus without replying\n");
-}
-
-void GameLinkTest::strangersAnswer()
-{
-    QFETCH(Answer, answer);
-    QFETCH(QString, described);
-    GamePeer game(answer, described);
-    LinkUser companion({QStringLiteral("send"), QStringLiteral("QUIT")});
-    QVERIFY(companion.ends());
-    QCOMPARE(companion.exitCode(), 0);
-    QTEST(companion.readAllStandardOutput(), "output");
-    QTEST(companion.readAllStandardError(), "errors");
-}
-
-void GameLinkTest::messageArrivesAsItIs()
-{
-    GamePeer game;
-    LinkUser companion({QStringLiteral("send"), QStringLiteral("RESUMEGAME")});
-    QVERIFY(companion.ends());
-    QCOMPARE(game.calls.size(), 1);
-    const QDBusMessage call = game.calls.first();
-    QCOMPARE(call.member(), QStringLiteral("recive"));
-    QCOMPARE(call.interface(), QString());
-    QCOMPARE(call.arguments(), QVariantList{QStringLiteral("RESUMEGAME")});
-}
-
-void GameLinkTest::nobodyOwnsTheName()
-{
-    LinkUser companion({QStringLiteral("send"), QStringLiteral("QUIT")});
-    QVERIFY(companion.ends());
-    QCOMPARE(companion.readAllStandardOutput(), QByteArray());
-    QCOMPARE(companion.readAllStandardError(),
-             QByteArray("The name com.quelmora.QtDBus.Torvane was not provided by any .service files\n"));
-}
-
-void GameLinkTest::nobodyIsAtThePath()
-{
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    QVERIFY(bus.registerService(GamePeer::name()));
-    LinkUser companion({QStringLiteral("send"), QStringLiteral("QUIT")});
-    QVERIFY(companion.ends());
-    QVERIFY(bus.unregisterService(GamePeer::name()));
-    QCOMPARE(companion.readAllStandardError(), QByteArray("Call failed: No such object path '/'\n"));
-}
-
-void GameLinkTest::noBus_data()
-{
-    QTest::addColumn<QStringList>("use");
-    QTest::newRow("message") << QStringList{QStringLiteral("send"), QStringLiteral("QUIT")};
-    QTest::newRow("registration") << QStringList{QStringLiteral("register")};
-    QTest::newRow("question") << QStringList{QStringLiteral("running")};
-}
-
-void GameLinkTest::noBus()
-{
-    QFETCH(QStringList, use);
-    LinkUser process(use, false);
-    QVERIFY(process.ends());
-    QCOMPARE(process.exitCode(), 0);
-    QCOMPARE(process.readAllStandardError(), hint);
-}
-
-void GameLinkTest::ownersAreSeen()
-{
-    LinkUser before({QStringLiteral("running")});
-    QVERIFY(before.ends());
-    QCOMPARE(before.exitCode(), 0);
-    QCOMPARE(before.readAllStandardError(), QByteArray("-------------------IsRunning FAIL\n"));
-
-    GamePeer game;
-    LinkUser then({QStringLiteral("running")});
-    QVERIFY(then.ends());
-    QCOMPARE(then.exitCode(), 1);
-    QCOMPARE(then.readAllStandardError(), QByteArray("-------------------IsRunning OK\n"));
-}
-
-void GameLinkTest::registeredGameHears()
-{
-    LinkUser game({QStringLiteral("register"), QStringLiteral("stay")});
-    QCOMPARE(game.nextLine(QProcess::StandardOutput), QByteArray("0\n"));
-    QCOMPARE(game.nextLine(QProcess::StandardError), QByteArray("-------------------Register OK\n"));
-
-    LinkUser companion({QStringLiteral("send"), QStringLiteral("QUIT")});
-    QVERIFY(companion.ends());
-    QVERIFY(companion.readAllStandardError().startsWith("Call failed: Unexpected reply signature"));
-    QCOMPARE(game.nextLine(QProcess::StandardError), QByteArray("\"->>>>>>>>> ReciveQUIT\"\n"));
-}
-
-void GameLinkTest::registeredGameOutlivesNonsense()
-{
-    LinkUser game({QStringLiteral("register"), QStringLiteral("stay")});
-    QCOMPARE(game.nextLine(QProcess::StandardError), QByteArray("-------------------Register OK\n"));
-
-    const auto ask = [](const QString &method, const QVariantList &arguments) {
-        QDBusMessage call = QDBusMessage::createMethodCall(GamePeer::name(), QStringLiteral("/"), QString(), method);
-        call.setArguments(arguments);
-        return QDBusConnection::sessionBus().call(call);
-    };
-    QCOMPARE(ask(QStringLiteral("recive"), {7}).type(), QDBusMessage::ErrorMessage);
-    QCOMPARE(ask(QStringLiteral("recive"), {}).type(), QDBusMessage::ErrorMessage);
-    QCOMPARE(ask(QStringLiteral("deleteLater"), {}).type(), QDBusMessage::ErrorMessage);
-    const QDBusMessage reply = ask(QStringLiteral("recive"), {QString(10000, QLatin1Char('x'))});
-    QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    QCOMPARE(reply.signature(), QString());
-    QCOMPARE(game.nextLine(QProcess::StandardError).size(), int(std::strlen("\"->>>>>>>>> Recive\"\n")) + 10000);
-}
-
-void GameLinkTest::nameIsTaken()
-{
-    GamePeer game;
-    LinkUser second({QStringLiteral("register")});
-    QVERIFY(second.ends());
-    QCOMPARE(second.readAllStandardOutput(), QByteArray("0\n"));
-    QVERIFY(!second.readAllStandardError().contains("Register OK"));
-}
 
 QTEST_GUILESS_MAIN(GameLinkTest)
 #include "tst_gamelink.moc"
