@@ -3,11 +3,27 @@
 
 #include "globaldefine.h"
 
+#include <QRegularExpression>
+#include <QStringList>
+#include <QUrl>
+
+#include <utility>
+
 const char *const K_ERROR_SENTENCES[K_ERROR_SENTENCE_COUNT] = {
     u8"An error has occurred inside the application", u8"Une erreur est survenue dans l'application",
     u8"In der Anwendung ist ein Fehler aufgetreten",  u8"Ha ocurrido un error en la aplicación",
     u8"Si è verificato un errore nell'applicazione",
 };
+
+const char *const K_SEARCHED_TEXT_SCRIPT = "(function () {"
+                                           "    if (document.querySelector('iframe, frame, object, embed'))"
+                                           "        return null;"
+                                           "    var text = document.documentElement.innerText;"
+                                           "    var fields = document.querySelectorAll('input, textarea');"
+                                           "    for (var i = 0; i < fields.length; ++i)"
+                                           "        text += '\\n' + fields[i].value;"
+                                           "    return text;"
+                                           "})()";
 
 // In a script the "javascript:" in front reads as a statement label.
 const char *const K_BRIDGE_SCRIPTS[K_BRIDGE_SCRIPT_COUNT] = {
@@ -37,6 +53,24 @@ bool isSameOrigin(const QUrl &one, const QUrl &other)
 bool isServiceUrl(const QUrl &url)
 {
     return isSameOrigin(url, QUrl(QLatin1String(K_SERVICE_ROOT)));
+}
+
+bool mayHoldErrorSentence(const QString &text)
+{
+    // Each sentence holds one of these words. A letter of it may stand in the text in a guise that only the search sees
+    // through, and between two letters there may be what the search skips: neither is plain ASCII.
+    static const QRegularExpression word = [] {
+        QStringList words{QStringLiteral("error"), QStringLiteral("erreur"), QStringLiteral("fehler")};
+        for (QString &letters : words) {
+            QStringList pattern;
+            for (const QChar letter : std::as_const(letters))
+                pattern.append(QStringLiteral("[%1%2\\x{80}-\\x{10ffff}]").arg(letter).arg(letter.toUpper()));
+            letters = pattern.join(QStringLiteral("[^ -~]*"));
+        }
+        return QRegularExpression(words.join(QLatin1Char('|')));
+    }();
+    const QRegularExpressionMatch match = word.match(text);
+    return match.hasMatch() || !match.isValid();
 }
 
 bool isTwitterUrl(const QString &url)

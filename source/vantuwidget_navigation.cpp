@@ -110,6 +110,9 @@ void VantuPage::on_pageLoadFinished(bool ok)
 
 void VantuPage::detectErrorPage()
 {
+    const QVariant text = webView->page()->mainFrame()->evaluateJavaScript(QLatin1String(K_SEARCHED_TEXT_SCRIPT));
+    if (text.userType() == QMetaType::QString && !mayHoldErrorSentence(text.toString()))
+        return;
     for (const char *sentence : K_ERROR_SENTENCES) {
         if (!webView->page()->findText(QString::fromUtf8(sentence)))
             continue;

@@ -11,6 +11,8 @@ class NavigationRulesTest : public QObject {
 private slots:
     void backLeadsUpOneLevel_data();
     void backLeadsUpOneLevel();
+    void oneLookRulesOutErrorSentences_data();
+    void oneLookRulesOutErrorSentences();
     void sharingSitesAreKnownByAWord();
     void theServiceIsKnownByItsRoot();
 };
@@ -39,6 +41,26 @@ void NavigationRulesTest::backLeadsUpOneLevel()
     QFETCH(QString, target);
     const QString root = QLatin1String(K_SERVICE_ROOT);
     QCOMPARE(backTarget(root + path, QStringLiteral("42")), target.isEmpty() ? QString() : root + target);
+}
+
+void NavigationRulesTest::oneLookRulesOutErrorSentences_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("mayHoldOne");
+    for (const char *sentence : K_ERROR_SENTENCES)
+        QTest::newRow(sentence) << QString::fromUtf8(sentence) << true;
+    QTest::newRow("capitals") << QStringLiteral("AN ERROR HAS OCCURRED") << true;
+    QTest::newRow("accents") << QStringLiteral("An \u00e9rr\u00f8r has occurred") << true;
+    QTest::newRow("hyphens that are not seen") << QStringLiteral("ein Feh\u00ad\u200bler ist") << true;
+    QTest::newRow("letters of double width") << QStringLiteral("\uff25rror") << true;
+    QTest::newRow("no word of it") << QStringLiteral("Ana has er, ror and f\u00e9hle; r.\nOh\u00e9 !") << false;
+    QTest::newRow("nothing") << QString() << false;
+}
+
+void NavigationRulesTest::oneLookRulesOutErrorSentences()
+{
+    QFETCH(QString, text);
+    QTEST(mayHoldErrorSentence(text), "mayHoldOne");
 }
 
 void NavigationRulesTest::sharingSitesAreKnownByAWord()
