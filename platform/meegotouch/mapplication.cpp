@@ -5,6 +5,7 @@
 #include "minputmethodstate.h"
 #include "mstyle.h"
 
+#include <QFont>
 #include <QProxyStyle>
 #include <QSocketNotifier>
 #include <QTimer>
