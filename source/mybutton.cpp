@@ -8,22 +8,30 @@
 
 #include <QPainter>
 
+#include <climits>
+
 namespace {
 
 // The tab, in its own pixels.
 constexpr int K_TAB_WIDTH = 90;
 constexpr QPoint K_TAB_CENTRE(45, 35);
+constexpr int K_TAB_TEXT_SIZE = 14;
 constexpr int K_BADGE_TEXT_HEIGHT = 20;
 
 constexpr qreal K_CAPTION_MARGIN = 4;
 constexpr qreal K_TAB_CAPTION_MARGIN = 8; // keeps it on the background, which is narrower than the tab
 
-void setCaptionStyle(QPainter *painter, int pixelSize)
+QFont captionFont(int pixelSize)
 {
     QFont font;
     font.setPixelSize(pixelSize);
     font.setWeight(QFont::Bold);
-    painter->setFont(font);
+    return font;
+}
+
+void setCaptionStyle(QPainter *painter, int pixelSize)
+{
+    painter->setFont(captionFont(pixelSize));
     painter->setPen(Qt::white);
 }
 
@@ -78,8 +86,8 @@ void drawBadge(QPainter *painter, int number)
     const int badgeWidth = image->width();
     const int badgePosX = K_TAB_WIDTH - badgeWidth;
     painter->drawImage(badgePosX, 0, *image);
-    drawFitted(painter, QRectF(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT), K_CAPTION_MARGIN,
-               Qt::AlignHCenter | Qt::AlignVCenter, QString::number(number));
+    painter->drawText(QRectF(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT),
+                      Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextDontClip, QString::number(number));
 }
 
 } // namespace
@@ -127,9 +135,20 @@ QString ToggleButton::shownText() const
     return m_badgeNumber == 0 ? caption : caption + QLatin1String(", ") + QString::number(m_badgeNumber);
 }
 
+/// With room for every number: one that is wider than its badge reaches over the badge's edges, and those of the tab.
+QRectF ToggleButton::boundingRect() const
+{
+    const QImage *badge = ResManager::getInstance()->loadImage(BadgeImage);
+    if (!badge)
+        return MButton::boundingRect();
+    static const qreal widest = QFontMetricsF(captionFont(K_TAB_TEXT_SIZE)).horizontalAdvance(QString::number(INT_MIN));
+    const qreal centre = K_TAB_WIDTH - badge->width() / 2.0;
+    return MButton::boundingRect() | QRectF(centre - widest / 2, 0, widest, K_BADGE_TEXT_HEIGHT);
+}
+
 void ToggleButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    setCaptionStyle(painter, 14);
+    setCaptionStyle(painter, K_TAB_TEXT_SIZE);
     drawCentred(painter, isDown() || isChecked() ? SelectedImage : UnselectedImage);
     drawCentred(painter, m_iconIdx);
     drawBadge(painter, m_badgeNumber);

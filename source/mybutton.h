@@ -41,6 +41,7 @@ public:
     /// one.
     explicit ToggleButton(int iconIdx, QGraphicsItem *parent = nullptr, MButtonModel *model = nullptr);
 
+    QRectF boundingRect() const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
     /// Number in the badge; 0 hides it. The next repaint shows a new number.

@@ -54,7 +54,7 @@ void ChromeTest::everythingIsInItsPlace()
         {page.btnGame, {345, 734, 90, 70}},
     };
     for (const auto &[widget, place] : places)
-        QCOMPARE(widget->sceneBoundingRect(), place);
+        QCOMPARE(widget->mapRectToScene(widget->rect()), place);
     for (int id = 0; id < 10; ++id)
         QVERIFY(page.selectButtons->button(id));
     QCOMPARE(page.selectButtons->button(9), page.btnEdit);
