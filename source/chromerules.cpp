@@ -3,6 +3,8 @@
 
 #include "globaldefine.h"
 
+#include <QUrl>
+
 namespace {
 
 enum class Test {
@@ -79,4 +81,23 @@ ChromeVisibility chromeFor(const QString &url, VantuState state)
             set(rule.command, rule.command != Command::Back);
     }
     return chrome;
+}
+
+std::optional<Tab> sectionOf(const QString &url)
+{
+    static constexpr struct {
+        const char *segment;
+        Tab tab;
+    } SECTIONS[] = {{"", Tab::Home}, {"messages", Tab::Inbox}, {"friends", Tab::Friends}, {"games", Tab::Games}};
+
+    const QLatin1String root(K_SERVICE_ROOT);
+    const QString path = url.startsWith(root) ? QUrl(url.mid(root.size())).path() : QString();
+    if (path.section(QLatin1Char('/'), 1, 1) != QLatin1String("vantu"))
+        return std::nullopt;
+    const QString segment = path.section(QLatin1Char('/'), 2, 2);
+    for (const auto &section : SECTIONS) {
+        if (segment == QLatin1String(section.segment))
+            return section.tab;
+    }
+    return std::nullopt;
 }

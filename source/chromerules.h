@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <bitset>
+#include <optional>
 
 /// The header's commands, in the order of their button ids.
 enum class Command { Back, Info, Quit, NewMessage, Recommend, Interact, Add, Cancel, Send, Edit };
@@ -25,3 +26,6 @@ struct ChromeVisibility {
 /// Decides the chrome from the page's state and the full URL on display. A URL that no rule knows, one of another
 /// host included, shows the back command only.
 ChromeVisibility chromeFor(const QString &url, VantuState state);
+
+/// The section of the service that @p url belongs to; none for an address outside the four sections.
+std::optional<Tab> sectionOf(const QString &url);

@@ -38,6 +38,8 @@ private slots:
     void composersShowCancelAndSend_data();
     void composersShowCancelAndSend();
     void anotherHostGetsBackOnly();
+    void sectionIsTheFirstPartOfThePath_data();
+    void sectionIsTheFirstPartOfThePath();
 };
 
 void ChromeRulesTest::commandsOfEachPage_data()
@@ -114,6 +116,35 @@ void ChromeRulesTest::anotherHostGetsBackOnly()
     // "Contains" takes in the root wherever it stands, and login anywhere hides back.
     const QString quoting = QStringLiteral("http://elsewhere.test/?from=") + QLatin1String(K_LINK_LOGIN);
     QCOMPARE(names(chromeFor(quoting, Normal)), QStringLiteral("tabs"));
+}
+
+void ChromeRulesTest::sectionIsTheFirstPartOfThePath_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<int>("section"); // -1: none
+    const auto row = [](const char *path, int section) {
+        QTest::newRow(path) << QLatin1String(K_SERVICE_ROOT) + QLatin1String(path) << section;
+    };
+    row("/vantu", 0);
+    row("/vantu/", 0);
+    row("/vantu/?lg=EN&from=/vantu/games", 0);
+    row("/vantu/messages/index/page/2", 1);
+    row("/vantu/friends?iDelete=1", 2);
+    row("/vantu/friends/add-friends/", 2);
+    row("/vantu/games#top", 3);
+    row("/vantu/login", -1);
+    row("/vantu/account/index/uid/games", -1);
+    row("/vantu/gamesome", -1);
+    row("/vantunova/games", -1);
+    row("", -1);
+    QTest::newRow("elsewhere") << QStringLiteral("http://elsewhere.test/vantu/games") << -1;
+}
+
+void ChromeRulesTest::sectionIsTheFirstPartOfThePath()
+{
+    QFETCH(QString, url);
+    const std::optional<Tab> section = sectionOf(url);
+    QTEST(section ? static_cast<int>(*section) : -1, "section");
 }
 
 QTEST_APPLESS_MAIN(ChromeRulesTest)
