@@ -3,6 +3,11 @@
 
 // Compiled once for each deployment, with its own VANTU_SERVICE_ROOT and VANTU_LOGIN_FILE.
 
+#ifndef VANTU_WAY_OUT_DELAY
+#define VANTU_WAY_OUT_DELAY 3000
+#endif
+const int K_WAY_OUT_DELAY = VANTU_WAY_OUT_DELAY;
+
 const char K_SERVICE_ROOT[] = VANTU_SERVICE_ROOT;
 const char K_LOGIN_FILE[] = VANTU_LOGIN_FILE;
 

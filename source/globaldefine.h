@@ -126,6 +126,10 @@ inline constexpr auto TXT_SUBJECT = texts<32>(u"Subject: ", u"Objet: ", u"Betref
 
 // clang-format on
 
+/// How long the player waits before a way out of picking a friend, or of a load under a composer, is shown, in
+/// milliseconds. Shorter in tests.
+extern const int K_WAY_OUT_DELAY;
+
 /// Scheme and host of the service, without a closing slash. This and the links below are the deployment's: each
 /// executable takes them from the one that it is linked with.
 extern const char K_SERVICE_ROOT[];

@@ -133,7 +133,11 @@ void MyQWebView::wheelEvent(QGraphicsSceneWheelEvent *event)
 void MyQWebView::keyPressEvent(QKeyEvent *event)
 {
     const QPointer<MyQWebView> self(this);
-    QGraphicsWebView::keyPressEvent(event);
+    // Where presses do not reach the page, keys scroll it and no more: Return would follow a link.
+    if (m_isEditable)
+        QGraphicsWebView::keyPressEvent(event);
+    else
+        event->ignore();
     if (!self || event->isAccepted())
         return;
     // A frame without scroll bars does not follow the keys by itself.

@@ -83,6 +83,12 @@ bool isFacebookUrl(const QString &url)
     return url.contains(QLatin1String("facebook"), Qt::CaseInsensitive);
 }
 
+bool isFriendsListUrl(const QString &url)
+{
+    return url == QLatin1String(K_LINK_FRIENDS) || url.startsWith(QLatin1String(K_URL_FRIENDS_SLASH))
+        || url.startsWith(QLatin1String(K_LINK_FRIENDS) + QLatin1Char('?'));
+}
+
 QString backTarget(const QString &url, const QString &game)
 {
     const QLatin1String games(K_LINK_GAMES);

@@ -15,6 +15,9 @@ bool isServiceUrl(const QUrl &url);
 bool isTwitterUrl(const QString &url);
 bool isFacebookUrl(const QString &url);
 
+/// True for the list of friends and its further pages, among which the player goes on choosing.
+bool isFriendsListUrl(const QString &url);
+
 /// The page one level above @p url, or an empty string where back means one step in the history.
 /// @p game is the game last reported by a page.
 QString backTarget(const QString &url, const QString &game);

@@ -18,7 +18,12 @@ const QMetaObject *ScriptFacade::metaObject() const
 
 int ScriptFacade::qt_metacall(QMetaObject::Call call, int id, void **arguments)
 {
-    if (call == QMetaObject::InvokeMetaMethod && target)
-        target->qt_metacall(call, firstSlot + id, arguments);
+    if (call != QMetaObject::InvokeMetaMethod || !target)
+        return -1;
+    const QPointer<ScriptFacade> self(this);
+    ++callDepth;
+    target->qt_metacall(call, firstSlot + id, arguments);
+    if (self)
+        --callDepth;
     return -1;
 }

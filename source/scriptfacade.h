@@ -17,8 +17,12 @@ public:
     const QMetaObject *metaObject() const override;
     int qt_metacall(QMetaObject::Call call, int id, void **arguments) override;
 
+    /// Whether a script's call is being carried out.
+    bool isCalling() const { return callDepth > 0; }
+
 private:
     QPointer<QObject> target;
     int firstSlot; ///< index in the target's meta-object of the first slot shown
     QMetaObject slotsOnly;
+    int callDepth = 0;
 };

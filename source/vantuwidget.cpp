@@ -11,6 +11,7 @@
 
 #include "mbutton.h"
 #include "mbuttongroup.h"
+#include "mclosebutton.h"
 #include "mlabel.h"
 #include "mprogressindicator.h"
 #include "mtextedit.h"
@@ -76,6 +77,10 @@ void VantuPage::connectUI()
             &VantuPage::attachObjectToJS);
     scriptFacade = std::make_unique<ScriptFacade>(this, staticMetaObject);
     connect(addrWidget, &AddressWidget::btnAddressClicked, this, &VantuPage::on_btnAddAddressClicked);
+    connect(btnStopPicking, &MButton::clicked, this, &VantuPage::stopPicking);
+    wayOutTimer.setSingleShot(true);
+    wayOutTimer.setInterval(K_WAY_OUT_DELAY);
+    connect(&wayOutTimer, &QTimer::timeout, this, &VantuPage::showWayOut);
     connect(&popupRecommend, &MPopupList::clicked, this, &VantuPage::on_UserRecommend);
     // One slot serves both lists: it tells the rows apart by their texts.
     connect(&popupRate, &MPopupList::clicked, this, &VantuPage::on_UserInteract);

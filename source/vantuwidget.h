@@ -12,6 +12,7 @@
 #include <QScopedValueRollback>
 #include <QString>
 #include <QStringListModel>
+#include <QTimer>
 #include <QUrl>
 
 #include <functional>
@@ -20,6 +21,7 @@
 class AddressWidget;
 class MButton;
 class MButtonGroup;
+class MCloseButton;
 class MLabel;
 class MLayout;
 class MMessageBox;
@@ -157,10 +159,12 @@ protected:
     MPopupList popupInteract;
     MPopupList popupRecommend;
     MPopupList popupRate;
+    MCloseButton *btnStopPicking = nullptr; ///< the way out of picking a friend
     QNetworkAccessManager *nwAccessMgr = nullptr; ///< for the companion's own posts; shares nothing with the web view
     VantuState state = Normal;
     VantuState lastState = Normal; ///< state at the last load end or before the last change
     bool isInFriendSelectionScreen = false;
+    bool isPickingFriend = false; ///< the player has opened the list of friends from this composer
 
 private:
     void initUI();
@@ -192,7 +196,12 @@ private:
     void finishFailedLoad();
     void finishLoad(const QString &url);
     void runBridgeScripts();
-    void addPickedFriend();
+    void finishLoadUnderMessage(const QString &url);
+    void endPicking();
+    void bringComposerBack();
+    void stopPicking();
+    void showWayOut();
+    void closePopups();
 
     void post(const QUrl &url, const QByteArray &body);
     void quitToGame();
@@ -207,6 +216,11 @@ private:
     [[nodiscard]] QScopedValueRollback<int> enterSlot() { return QScopedValueRollback<int>(slotDepth, slotDepth + 1); }
 
     int slotDepth = 0; ///< how many of the slots that load or disturb the web page are running inside each other
+    /// A tab's load, whose good end clears the history.
+    enum class SectionLoad { None, Asked, Started } sectionLoad = SectionLoad::None;
+    QString namedUserUid; ///< the player that the page on its way, or on display, has named
+    QString namedUserName;
+    QTimer wayOutTimer;
     QPointer<MMessageBox> warning; ///< the latest one
 };
 

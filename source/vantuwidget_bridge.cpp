@@ -37,6 +37,9 @@ void setBadge(ToggleButton *tab, const QString &count)
 
 void VantuPage::attachObjectToJS()
 {
+    // Another page has come: what the one before has named says nothing about it.
+    namedUserUid.clear();
+    namedUserName.clear();
     QWebFrame *frame = webView->page()->mainFrame();
     const QUrl url = frame->url();
     // Deliberately not for every page: what a page may do here is for the service alone.
@@ -104,11 +107,13 @@ void VantuPage::showRateOption(QString html)
 void VantuPage::getCurentUserUid(QString html)
 {
     _currentUserUid = html;
+    namedUserUid = html;
 }
 
 void VantuPage::getCurentUserName(QString html)
 {
     _currentUserName = html;
+    namedUserName = html;
 }
 
 void VantuPage::getGameId(QString html)

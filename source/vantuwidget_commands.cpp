@@ -25,6 +25,7 @@ void VantuPage::on_ToggleButtonClicked(int buttonId)
     static constexpr const char *SECTIONS[] = {K_LINK_VANTU, K_LINK_MESSAGES_INDEX, K_LINK_FRIENDS, K_LINK_GAMES};
     if (buttonId < 0 || buttonId >= static_cast<int>(std::size(SECTIONS)))
         return;
+    sectionLoad = SectionLoad::Asked;
     load(QUrl(QLatin1String(SECTIONS[buttonId])));
     webView->history()->clear();
 }

@@ -5,6 +5,7 @@
 #include "globaldefine.h"
 #include "mybutton.h"
 #include "myqwebview.h"
+#include "scriptfacade.h"
 #include "servicerequests.h"
 
 #include "mbutton.h"
@@ -15,6 +16,7 @@ void VantuPage::enterState(VantuState newState)
 {
     lastState = state;
     state = newState;
+    endPicking();
     update(); // Each state has a background of its own.
 }
 
@@ -28,9 +30,7 @@ void VantuPage::setTitle(const QString &text, const QColor &color)
 void VantuPage::restoreWebView()
 {
     webView->setGeometry(webViewRect());
-    webView->setEnabled(true);
     webView->setEditable(true);
-    isInFriendSelectionScreen = false;
 }
 
 void VantuPage::openSendMessagePage()
@@ -61,9 +61,13 @@ void VantuPage::closeSendMessagePage()
 
 void VantuPage::on_btnAddAddressClicked()
 {
-    if (state != SendMessageState)
-        return;
     const auto slot = enterSlot();
+    // Deliberately deaf to scripts: nobody but the player opens the list.
+    if (state != SendMessageState || scriptFacade->isCalling())
+        return;
+    webView->stop(); // A load that ended later would end the picking.
+    isPickingFriend = true;
+    wayOutTimer.start();
     addrWidget->hide();
     txtMessage->hide();
     btnSend->hide();

@@ -10,6 +10,7 @@
 
 #include "mbutton.h"
 #include "mbuttongroup.h"
+#include "mclosebutton.h"
 #include "minputmethodstate.h"
 #include "mlabel.h"
 #include "mlayout.h"
@@ -127,6 +128,10 @@ void VantuPage::initComposer()
     // Deliberately past the footer, which is hidden while a message is written.
     mainPolicy->addItemAtGeometry(txtMessage, QRectF(10, 310, width - 20, 480));
     txtMessage->hide();
+
+    btnStopPicking = new MCloseButton(localized(TXT_VANTU_CANCEL));
+    mainPolicy->addItemAtGeometry(btnStopPicking, QRectF(width - 62, 10, 52, 52));
+    btnStopPicking->hide();
 }
 
 void VantuPage::initFooter()
@@ -137,6 +142,7 @@ void VantuPage::initFooter()
     const auto place = [this, left, top](ToggleButton *button, Tab tab) {
         const int id = static_cast<int>(tab);
         mainPolicy->addItemAtGeometry(button, QRectF(left + 100 * id, top, 90, 70));
+        button->setZValue(-id); // A long number in a badge lies over the next tab.
         toggleButtons->addButton(button, id);
     };
     place(btnHome = new ToggleButton(HomeImage), Tab::Home);

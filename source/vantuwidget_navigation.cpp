@@ -2,12 +2,14 @@
 #include "vantuwidget.h"
 
 #include "addresswidget.h"
+#include "chromerules.h"
 #include "globaldefine.h"
 #include "mybutton.h"
 #include "myqwebview.h"
 #include "navigationrules.h"
 
 #include "mbutton.h"
+#include "mclosebutton.h"
 #include "minputmethodstate.h"
 #include "mlabel.h"
 #include "mprogressindicator.h"
@@ -15,6 +17,7 @@
 
 #include <QScopedValueRollback>
 #include <QWebFrame>
+#include <QWebHistory>
 #include <QWebPage>
 #include <QWebSettings>
 
@@ -56,6 +59,10 @@ void VantuPage::on_pageLoadStarted()
 {
     const auto slot = enterSlot();
     const QString url = currentUrl();
+    closePopups();
+    namedUserUid.clear();
+    namedUserName.clear();
+    sectionLoad = sectionLoad == SectionLoad::Asked ? SectionLoad::Started : SectionLoad::None;
     progressIndicator->show();
     MInputMethodState::closeSoftwareInputPanel();
     setButtonVisible(false);
@@ -66,6 +73,8 @@ void VantuPage::on_pageLoadStarted()
         if (!isInFriendSelectionScreen)
             webView->setEnabled(false); // A friend was tapped: no second tap until that friend has arrived.
     }
+    if (state != Normal && !wayOutTimer.isActive())
+        wayOutTimer.start();
     if (onErrorPage) {
         onErrorPage = false;
         setTiledBackingStore(true);
@@ -136,16 +145,9 @@ void VantuPage::finishFailedLoad()
     }
     btnCancel->show();
     btnSend->show();
-    if (state == SendMessageState) {
-        webView->hide();
-        addrWidget->setVisible(true);
-        txtMessage->show();
-        isInFriendSelectionScreen = false;
-        // Deliberately usable again: however the web view comes back from here, it must not cover the header or stay
-        // deaf.
-        webView->setGeometry(webViewRect());
-        webView->setEnabled(true);
-    }
+    wayOutTimer.stop();
+    if (state == SendMessageState)
+        bringComposerBack();
 }
 
 void VantuPage::finishLoad(const QString &url)
@@ -160,35 +162,87 @@ void VantuPage::finishLoad(const QString &url)
     connect(webView, &QGraphicsWebView::urlChanged, this, &VantuPage::on_url_change);
     webView->setZoomFactor(g_ZoomFactor);
 
+    if (sectionLoad == SectionLoad::Started) {
+        // Deliberately once more: where the service has sent the tab on to another page, that one is the first.
+        sectionLoad = SectionLoad::None;
+        webView->history()->clear();
+    }
     if (state == SendMessageState) {
-        if (url != QLatin1String(K_LINK_FRIENDS)) {
-            addPickedFriend();
-        } else if (!isInFriendSelectionScreen) {
-            // The list itself was loaded once more. Deliberately ready for a tap again: there is no other way out.
-            isInFriendSelectionScreen = true;
-            webView->setEnabled(true);
-        }
+        finishLoadUnderMessage(url);
         return;
     }
+    wayOutTimer.stop();
+    if (const std::optional<Tab> section = sectionOf(url))
+        button(*section)->setChecked(true);
     updateButtonVisible();
+}
+
+/// Deliberately narrow about who becomes a recipient: only the player that the page itself has named, and only while
+/// the player picks. Whatever else loads under a message adds nobody.
+void VantuPage::finishLoadUnderMessage(const QString &url)
+{
+    const bool isList = url == QLatin1String(K_LINK_FRIENDS) || (isFriendsListUrl(url) && namedUserUid.isEmpty());
+    if (isPickingFriend && isList) {
+        // Ready for a tap, also when the list has been loaded once more.
+        isInFriendSelectionScreen = true;
+        webView->setEnabled(true);
+        return;
+    }
+    if (isPickingFriend)
+        addrWidget->addNewUIDAddress(namedUserName, namedUserUid);
+    bringComposerBack();
+}
+
+/// The web view is left usable: however it comes back from here, it must not stay deaf.
+void VantuPage::endPicking()
+{
+    isPickingFriend = false;
+    isInFriendSelectionScreen = false;
+    wayOutTimer.stop();
+    btnStopPicking->hide();
+    webView->setEnabled(true);
+}
+
+void VantuPage::bringComposerBack()
+{
+    endPicking();
+    addrWidget->setVisible(true);
+    txtMessage->show();
+    btnSend->show();
+    btnCancel->show();
+    webView->hide();
+    webView->setGeometry(webViewRect()); // However it comes back, it must not cover the header.
+}
+
+void VantuPage::stopPicking()
+{
+    const auto slot = enterSlot();
+    endPicking(); // What ends now is no pick.
+    webView->stop();
+    bringComposerBack();
+}
+
+void VantuPage::showWayOut()
+{
+    if (isPickingFriend) {
+        btnStopPicking->show();
+    } else if (state != Normal) {
+        btnCancel->show();
+        btnSend->show();
+    }
+}
+
+/// Their rows would act on what the next page shows.
+void VantuPage::closePopups()
+{
+    for (MPopupList *popup : {&popupInteract, &popupRate, &popupRecommend})
+        popup->reject();
 }
 
 void VantuPage::runBridgeScripts()
 {
     for (const char *script : K_BRIDGE_SCRIPTS)
         webView->page()->mainFrame()->evaluateJavaScript(QLatin1String(script));
-}
-
-void VantuPage::addPickedFriend()
-{
-    addrWidget->setVisible(true);
-    txtMessage->show();
-    btnSend->show();
-    btnCancel->show();
-    webView->hide();
-    webView->setGeometry(webViewRect());
-    addrWidget->addNewUIDAddress(_currentUserName, _currentUserUid);
-    webView->setEnabled(true);
 }
 
 void VantuPage::goBack()

@@ -78,6 +78,15 @@ inline constexpr QColor buttonCheckedTop{38, 129, 184};
 inline constexpr QColor buttonCheckedBottom{10, 84, 131};
 inline constexpr QColor buttonLitRim{165, 220, 249};
 
+inline constexpr qreal closeButtonSize = 52;
+inline constexpr qreal closeButtonMargin = 4;
+inline constexpr qreal closeButtonRimWidth = 2;
+inline constexpr qreal closeButtonCrossSize = 0.4; // of the radius
+inline constexpr qreal closeButtonCrossWidth = 4;
+inline constexpr QColor closeButtonFace{20, 24, 28, 230};
+inline constexpr QColor closeButtonDownFace{10, 84, 131};
+inline constexpr QColor closeButtonRim{255, 255, 255};
+
 inline constexpr QColor labelText{26, 29, 33};
 
 inline constexpr qreal fieldRadius = 6;

@@ -17,6 +17,7 @@ private slots:
     void init() { g_languageIdx = 0; }
     void tabsOpenTheirSections_data();
     void tabsOpenTheirSections();
+    void sectionIsFollowedAndStartsAfresh();
     void unknownIdsDoNothing();
     void headerButtonsLoad_data();
     void headerButtonsLoad();
@@ -60,6 +61,24 @@ void CommandsTest::tabsOpenTheirSections()
     QVERIFY(finished.wait());
     QCOMPARE(portal.shownUrl(), Portal::url(path));
     QVERIFY(tabs[id]->isChecked());
+}
+
+void CommandsTest::sectionIsFollowedAndStartsAfresh()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.service.answer(QStringLiteral("/vantu/friends"), {{}, 302, "/vantu/friends/add-friends/"});
+    portal.service.answer(QStringLiteral("/vantu/friends/add-friends/"), {TestService::page({})});
+    portal.loadPage(QStringLiteral("/vantu/games/show-game/gid/7"));
+    QCOMPARE(page.toggleButtons->checkedId(), 3);
+    portal.loadPage(QStringLiteral("/vantu/account"));
+    QCOMPARE(page.toggleButtons->checkedId(), 3);
+    click(portal, page.btnFriend);
+    QTRY_COMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/friends/add-friends/")));
+    QTRY_VERIFY(!page.progressIndicator->isVisible());
+    QVERIFY(!page.webView->history()->canGoBack());
+    portal.loadPage(QStringLiteral("/vantu/account"));
+    QVERIFY(page.webView->history()->canGoBack());
 }
 
 void CommandsTest::unknownIdsDoNothing()
@@ -201,6 +220,10 @@ void CommandsTest::rateIsReachedThroughInteract()
     page.on_UserInteract(page.mdlInteractModel.index(2));
     QTRY_VERIFY(page.popupRate.isVisible());
     QCOMPARE(page.popupRate.title(), QStringLiteral("Rate"));
+    portal.loadPage(QStringLiteral("/vantu/account/index/uid/p4"),
+                    {{QStringLiteral("iUserId"), QStringLiteral("'p4'")}});
+    QVERIFY(!page.popupRate.isVisible()); // It would rate whoever has come.
+    page._currentUserUid = QStringLiteral("p3");
     page.on_UserInteract(page.mdlRate.index(1));
     QTRY_VERIFY(portal.service.urls().contains(Portal::url(QStringLiteral("/vantu/friends/evaluate/fid/p3/value/0"))));
 }

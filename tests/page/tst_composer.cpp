@@ -4,6 +4,7 @@
 #include "addresswidget.h"
 #include "mybutton.h"
 
+#include "mclosebutton.h"
 #include "mdialog.h"
 #include "mlabel.h"
 #include "mmessagebox.h"
@@ -20,7 +21,12 @@ private slots:
     void messageGoesOutOnce();
     void cancelReturnsToThePageBefore();
     void friendsArePickedFromTheList();
-    void listLoadedTwiceCanStillBeTapped();
+    void onlyAPickAddsSomebody_data();
+    void onlyAPickAddsSomebody();
+    void listIsOpenedOverAPageOnItsWay();
+    void pickingCanBeLeft_data();
+    void pickingCanBeLeft();
+    void slowLoadUnderAComposerShowsTheWayOut();
     void failedPickBringsTheComposerBack();
     void sendChecksRecipientsFirst();
     void sendRefusesAnEmptyMessageOnly();
@@ -29,7 +35,14 @@ private slots:
     void addButtonOfAnInvitationNeverLoadsTheFriends();
 };
 
+using Variables = QMap<QString, QString>;
+Q_DECLARE_METATYPE(Variables)
+
 namespace {
+
+/// What her profile hands over.
+const Variables ANN{{QStringLiteral("iUserId"), QStringLiteral("'p3'")},
+                    {QStringLiteral("sUserName"), QStringLiteral("'Ann'")}};
 
 const QRectF PLACE(0, 60, 480, 664);
 
@@ -53,6 +66,14 @@ QList<MDialog *> dialogs(const Portal &portal)
             result << dialog;
     }
     return result;
+}
+
+/// As the panel's add button does.
+void openList(Portal &portal)
+{
+    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
+    emit portal.page->addrWidget->btnAddressClicked();
+    QTRY_VERIFY(!portal.page->progressIndicator->isVisible());
 }
 
 } // namespace
@@ -131,10 +152,7 @@ void ComposerTest::friendsArePickedFromTheList()
     TestPage &page = *portal.page;
     page.openSendMessagePage();
     page.txtMessage->setText(QStringLiteral("written before"));
-    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
-    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
-    emit page.addrWidget->btnAddressClicked();
-    QVERIFY(finished.wait());
+    openList(portal);
     QCOMPARE(page.webView->geometry(), QRectF(0, 0, 480, 814));
     QVERIFY(page.isInFriendSelectionScreen);
     QVERIFY(!page.addrWidget->isVisible() && !page.txtMessage->isVisible() && !page.btnSend->isVisible());
@@ -143,9 +161,7 @@ void ComposerTest::friendsArePickedFromTheList()
     bool deaf = false;
     QObject observer;
     connect(page.webView, &QGraphicsWebView::urlChanged, &observer, [&] { deaf = !page.webView->isEnabled(); });
-    portal.loadPage(
-        QStringLiteral("/vantu/account/index/uid/p3"),
-        {{QStringLiteral("iUserId"), QStringLiteral("'p3'")}, {QStringLiteral("sUserName"), QStringLiteral("'Ann'")}});
+    portal.loadPage(QStringLiteral("/vantu/account/index/uid/p3"), ANN);
     QCOMPARE(page.state, SendMessageState);
     QVERIFY(deaf); // No second tap while the first friend is on the way.
     QVERIFY(!page.isInFriendSelectionScreen);
@@ -158,21 +174,103 @@ void ComposerTest::friendsArePickedFromTheList()
     QCOMPARE(page.txtMessage->text(), QStringLiteral("written before"));
 }
 
-void ComposerTest::listLoadedTwiceCanStillBeTapped()
+void ComposerTest::onlyAPickAddsSomebody_data()
+{
+    QTest::addColumn<bool>("picking");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<Variables>("variables");
+    QTest::addColumn<QString>("outcome");
+    const auto row
+        = [](const char *name, bool picking, const char *path, const Variables &variables, const char *outcome) {
+              QTest::newRow(name) << picking << QString::fromLatin1(path) << variables << QString::fromLatin1(outcome);
+          };
+    const Variables nameOnly{{QStringLiteral("sUserName"), QStringLiteral("'Ann'")}};
+    row("profile picked", true, "/vantu/account/index/uid/p3", ANN, "p3");
+    row("profile under the composer", false, "/vantu/account/index/uid/p3", ANN, "");
+    row("page without a player", true, "/vantu/info/", {}, "");
+    row("player without a name", true, "/vantu/account/index/uid/p3",
+        {{QStringLiteral("iUserId"), QStringLiteral("'p3'")}}, "");
+    row("name without a player", true, "/vantu/account/index/uid/p3", nameOnly, "");
+    row("the list again", true, "/vantu/friends", {}, "picking");
+    row("another page of the list", true, "/vantu/friends/index/page/2", {}, "picking");
+    row("the list under the composer", false, "/vantu/friends/", {}, "");
+}
+
+void ComposerTest::onlyAPickAddsSomebody()
+{
+    QFETCH(bool, picking);
+    QFETCH(QString, path);
+    QFETCH(Variables, variables);
+    Portal portal;
+    TestPage &page = *portal.page;
+    // What an earlier page has named stands in the members still.
+    portal.loadPage(
+        QStringLiteral("/vantu/account/index/uid/p9"),
+        {{QStringLiteral("iUserId"), QStringLiteral("'p9'")}, {QStringLiteral("sUserName"), QStringLiteral("'Eve'")}});
+    page.openSendMessagePage();
+    if (picking)
+        openList(portal);
+    else
+        portal.load(QStringLiteral("/vantu/info/"), "<script>VANTU.on_btnAddAddressClicked()</script>");
+    portal.loadPage(path, variables);
+    const bool isBack = page.addrWidget->isVisible() && page.btnCancel->isVisible() && !page.webView->isVisible();
+    const QString outcome
+        = isBack ? page.addrWidget->getAllAddress().join(QLatin1Char(',')) : QStringLiteral("picking");
+    QTEST(outcome, "outcome");
+    QVERIFY(page.webView->isEnabled());
+}
+
+void ComposerTest::listIsOpenedOverAPageOnItsWay()
 {
     Portal portal;
     TestPage &page = *portal.page;
+    portal.service.answer(QStringLiteral("/vantu/slow"), {TestService::page(ANN), 200, {}, 300});
+    page.webView->setUrl(QUrl(Portal::url(QStringLiteral("/vantu/slow"))));
     page.openSendMessagePage();
-    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
-    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
-    page.on_btnAddAddressClicked();
-    QVERIFY(finished.wait());
-    portal.loadPage(QStringLiteral("/vantu/friends"));
-    QVERIFY(page.webView->isEnabled());
-    QVERIFY(!page.addrWidget->isVisible());
-    portal.loadPage(QStringLiteral("/vantu/friends/add-friends/"));
-    QVERIFY(page.addrWidget->isVisible());
-    QVERIFY(page.webView->isEnabled());
+    openList(portal);
+    QCOMPARE(portal.shownUrl(), Portal::url(QStringLiteral("/vantu/friends")));
+    QVERIFY(page.webView->isVisible() && !page.addrWidget->isVisible());
+}
+
+void ComposerTest::pickingCanBeLeft_data()
+{
+    QTest::addColumn<int>("delay"); // of the list, in milliseconds
+    QTest::newRow("a list that comes") << 0;
+    QTest::newRow("a list that does not come") << 2000;
+}
+
+void ComposerTest::pickingCanBeLeft()
+{
+    QFETCH(int, delay);
+    Portal portal;
+    TestPage &page = *portal.page;
+    page.openSendMessagePage();
+    page.addrWidget->addNewUIDAddress(QStringLiteral("Bob"), QStringLiteral("p4"));
+    page.txtMessage->setText(QStringLiteral("kept"));
+    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({}), 200, {}, delay});
+    emit page.addrWidget->btnAddressClicked();
+    QVERIFY(!page.btnStopPicking->isVisible());
+    QTRY_VERIFY(page.btnStopPicking->isVisible());
+    const QPoint centre = portal.window.mapFromScene(page.btnStopPicking->sceneBoundingRect().center());
+    QTest::mouseClick(portal.window.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    QVERIFY(!page.btnStopPicking->isVisible() && !page.webView->isVisible() && !page.progressIndicator->isVisible());
+    QVERIFY(page.addrWidget->isVisible() && page.btnCancel->isVisible() && page.btnSend->isVisible());
+    QCOMPARE(page.addrWidget->getAllAddress(), QStringList(QStringLiteral("p4")));
+    QCOMPARE(page.txtMessage->text(), QStringLiteral("kept"));
+    QCOMPARE(page.state, SendMessageState);
+}
+
+void ComposerTest::slowLoadUnderAComposerShowsTheWayOut()
+{
+    Portal portal;
+    TestPage &page = *portal.page;
+    portal.service.answer(QStringLiteral("/vantu/games/recommend-via-mail/id/"),
+                          {TestService::page({}), 200, {}, 2000});
+    page.openSendEmailPage();
+    QTRY_VERIFY(page.progressIndicator->isVisible());
+    QVERIFY(!page.btnCancel->isVisible());
+    QTRY_VERIFY(page.btnCancel->isVisible() && page.btnSend->isVisible());
+    QVERIFY(page.progressIndicator->isVisible());
 }
 
 void ComposerTest::failedPickBringsTheComposerBack()
@@ -181,11 +279,9 @@ void ComposerTest::failedPickBringsTheComposerBack()
     TestPage &page = *portal.page;
     page.openSendMessagePage();
     page.txtMessage->setText(QStringLiteral("kept"));
-    portal.service.answer(QStringLiteral("/vantu/friends"), {TestService::page({})});
-    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
-    page.on_btnAddAddressClicked();
-    QVERIFY(finished.wait());
+    openList(portal);
     portal.service.goSilent();
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
     page.webView->setUrl(QUrl(Portal::url(QStringLiteral("/vantu/account/index/uid/p3"))));
     QVERIFY(finished.wait());
     QVERIFY(page.addrWidget->isVisible() && page.txtMessage->isVisible());

@@ -29,6 +29,7 @@ public:
     using VantuPage::btnQuit;
     using VantuPage::btnRecommend;
     using VantuPage::btnSend;
+    using VantuPage::btnStopPicking;
     using VantuPage::gestureEvent;
     using VantuPage::isInFriendSelectionScreen;
     using VantuPage::lastState;
