@@ -5,12 +5,14 @@
 #include "globaldefine.h"
 
 #include <QDataStream>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <array>
 #include <cstdio>
+#include <errno.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,6 +22,8 @@ namespace {
 constexpr qint32 K_RECORD_COUNT = 3;
 constexpr int K_RECORD_MAX = 255;
 constexpr int K_FILE_MAX = 4 + K_RECORD_COUNT * (4 + K_RECORD_MAX);
+/// Between the name of a file and what makes the name of its successor its own, until that takes its place.
+const QLatin1String K_TEMPORARY(".saving-");
 
 /// Room for a record and the zero byte that the scrambling puts behind it.
 using Buffer = std::array<char, K_RECORD_MAX + 1>;
@@ -60,6 +64,55 @@ bool readRecord(QDataStream &in, QString *text)
     return true;
 }
 
+/// Where @p path leads in the end, also when nothing is there yet.
+QString linkTarget(QString path)
+{
+    constexpr int linksMax = 40; // As many as the system follows; more are a circle, which cannot be opened.
+    QFileInfo file(path);
+    for (int i = 0; i < linksMax && file.isSymLink(); ++i)
+        file.setFile(file.symLinkTarget());
+    return file.filePath();
+}
+
+/// A run that was killed while it saved has left these beside @p target.
+void removeStaleFiles(const QString &target)
+{
+    const QFileInfo file(target);
+    const QDir folder = file.dir();
+    const auto stale
+        = folder.entryList({file.fileName() + K_TEMPORARY + QLatin1String("??????")}, QDir::Files | QDir::Hidden);
+    for (const QString &name : stale)
+        QFile::remove(folder.filePath(name));
+}
+
+enum class Replacement { Done, Failed, NotInThisFolder };
+
+/// Puts a new file with @p contents in the place of @p target.
+Replacement replaceFile(const QString &target, const QByteArray &contents)
+{
+    removeStaleFiles(target);
+    // QSaveFile would create its file readable by others and only then narrow the permissions.
+    QTemporaryFile file(target + K_TEMPORARY + QLatin1String("XXXXXX"));
+    if (!file.open())
+        return Replacement::NotInThisFolder;
+    if (file.write(contents) != contents.size() || !file.flush() || fsync(file.handle()) != 0)
+        return Replacement::Failed;
+    if (std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(target).constData()) != 0)
+        return Replacement::NotInThisFolder;
+    file.setAutoRemove(false);
+    return Replacement::Done;
+}
+
+/// Deliberately in place, and so not all or nothing: the folder allows no more. What is cut off comes last, so that a
+/// full disk leaves the old contents.
+bool overwrite(int file, const QByteArray &contents)
+{
+    if (file != -1)
+        fchmod(file, S_IRUSR | S_IWUSR);
+    return file != -1 && write(file, contents.constData(), static_cast<size_t>(contents.size())) == contents.size()
+        && ftruncate(file, contents.size()) == 0 && fsync(file) == 0;
+}
+
 } // namespace
 
 QString loginFilePath()
@@ -87,27 +140,26 @@ std::optional<StoredLogin> parseLoginRecords(const QByteArray &records)
     in >> count;
     StoredLogin login;
     if (count != K_RECORD_COUNT || !readRecord(in, &login.username) || !readRecord(in, &login.password)
-        || !readRecord(in, &login.rememberMe) || !in.atEnd())
+        || !readRecord(in, &login.rememberMe))
         return std::nullopt;
     return login;
 }
 
 bool writeLoginFile(const QString &path, const QByteArray &contents)
 {
-    const QFileInfo existing(path);
-    if (existing.exists() && !existing.isFile())
+    const QString target = linkTarget(path);
+    const int existing = open(QFile::encodeName(target).constData(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    // Deliberately left alone when it may not be written, although its folder would let it be replaced.
+    if (existing == -1 && errno != ENOENT)
         return false;
-    const QString target = existing.exists() ? existing.canonicalFilePath()
-        : existing.isSymLink()               ? existing.symLinkTarget()
-                                             : path;
-    // QSaveFile would create its file readable by others and only then narrow the permissions.
-    QTemporaryFile file(target + QLatin1String(".XXXXXX"));
-    if (!file.open() || file.write(contents) != contents.size() || !file.flush() || fsync(file.handle()) != 0)
-        return false;
-    if (std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(target).constData()) != 0)
-        return false;
-    file.setAutoRemove(false);
-    return true;
+    struct stat status = {};
+    const bool isPlain = existing == -1 || (fstat(existing, &status) == 0 && S_ISREG(status.st_mode));
+    const Replacement done = isPlain ? replaceFile(target, contents) : Replacement::Failed;
+    const bool isWritten
+        = done == Replacement::Done || (done == Replacement::NotInThisFolder && overwrite(existing, contents));
+    if (existing != -1)
+        close(existing);
+    return isWritten;
 }
 
 QByteArray readLoginFile(const QString &path)
@@ -117,7 +169,7 @@ QByteArray readLoginFile(const QString &path)
     QFile file;
     struct stat status = {};
     if (descriptor == -1 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)
-        || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > K_FILE_MAX)
+        || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
         return {};
     return file.read(K_FILE_MAX);
 }

@@ -23,17 +23,18 @@ QString loginFilePath();
 /// cut to 255 bytes.
 QByteArray loginRecords(const StoredLogin &login);
 
-/// The login in @p records, or nothing if these are not whole and sound: empty, cut short, another record count, a
-/// length that is negative or over 255, or anything after the third record.
+/// The login in @p records, or nothing if these are not whole and sound: empty, cut short, another record count, or
+/// a length that is negative or over 255. What follows the third record does not matter.
 std::optional<StoredLogin> parseLoginRecords(const QByteArray &records);
 
 /// Makes @p contents the contents of the file at @p path, readable by its owner only. Returns false and leaves an
-/// existing file untouched if that fails at any point. A symbolic link is followed; what is not a plain file is left
-/// alone.
+/// existing file untouched if that fails at any point. A symbolic link is followed; what is not a plain file, or may
+/// not be written, is left alone. The file is replaced whole, except in a folder that takes no new file: there it is
+/// written in place.
 bool writeLoginFile(const QString &path, const QByteArray &contents);
 
-/// The contents of the file at @p path; empty if it is missing, unreadable, not a plain file or larger than any login
-/// file can be.
+/// The contents of the file at @p path; empty if it is missing, unreadable or not a plain file. No more is
+/// read than the largest login takes.
 QByteArray readLoginFile(const QString &path);
 
 /// Truncates the file at @p path to zero bytes, creating it if need be. Returns false if it cannot be opened.
