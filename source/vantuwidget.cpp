@@ -25,6 +25,8 @@
 
 namespace {
 
+constexpr int postTimeoutMilliseconds = 30000;
+
 template <typename Object> void destroy(Object *&object)
 {
     delete object;
@@ -60,6 +62,8 @@ VantuPage::VantuPage(QGraphicsItem *parent)
 
     nwAccessMgr = new QNetworkAccessManager;
     nwAccessMgr->setAutoDeleteReplies(true);
+    // Only so many go out at a time: posts that are never answered must not hold up later ones for ever.
+    nwAccessMgr->setTransferTimeout(postTimeoutMilliseconds);
 }
 
 void VantuPage::connectUI()

@@ -99,8 +99,6 @@ void VantuPage::initWebView()
     webView->page()->setPreferredContentsSize(QSize(320, 400));
     webView->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, true);
     webView->settings()->setAttribute(QWebSettings::FrameFlatteningEnabled, true);
-    // A service that takes a request and then says nothing must not keep the player in a page without commands.
-    webView->page()->networkAccessManager()->setTransferTimeout();
     mainPolicy->addItemAtGeometry(webView, webViewRect());
 }
 
