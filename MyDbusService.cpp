@@ -7,16 +7,25 @@
 #include <QDBusReply>
 #include <QDebug>
 
+#include <algorithm>
 #include <cstdio>
+
+#include <errno.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace {
 
 const QString objectPath = QStringLiteral("/");
 
-/// The session bus, connected or not; when it is not, the player's console has been told how to start one.
-QDBusConnection sessionBusOrHint()
+/// A bus that has not said a word for so long will not.
+constexpr int silenceMilliseconds = 1000;
+
+/// @p bus, connected or not; when it is not, the player's console has been told how to start one.
+QDBusConnection orHint(const QDBusConnection &bus)
 {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         std::fputs("Cannot connect to the D-Bus session bus.\n"
                    "To start it, run:\n"
@@ -31,14 +40,9 @@ void printLastError(const QDBusConnection &bus)
     std::fprintf(stderr, "%s\n", qPrintable(bus.lastError().message()));
 }
 
-} // namespace
-
-void sendMessage(QString message)
+/// Calls the game over @p bus and prints how that went.
+void deliver(const QString &message, const QDBusConnection &bus)
 {
-    const QDBusConnection bus = sessionBusOrHint();
-    if (!bus.isConnected())
-        return;
-
     QDBusInterface game(gameServiceName, objectPath, QString(), bus);
     if (!game.isValid()) {
         printLastError(bus);
@@ -55,9 +59,65 @@ void sendMessage(QString message)
     }
 }
 
+/// The socket of the session bus where its address is a plain one, as on a desktop; -1 for any other.
+int connectToBusSocket()
+{
+    const QByteArray directory = qgetenv("XDG_RUNTIME_DIR");
+    const QByteArray address = qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") && !directory.isEmpty()
+        ? "unix:path=" + directory + "/bus"
+        : qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    const QByteArray scheme = "unix:path=";
+    if (!address.startsWith(scheme) || address.contains(';'))
+        return -1;
+    const QByteArray path = QByteArray::fromPercentEncoding(address.mid(scheme.size()).split(',').first());
+    sockaddr_un name = {};
+    if (path.size() >= int(sizeof name.sun_path))
+        return -1;
+    name.sun_family = AF_UNIX;
+    std::copy(path.begin(), path.end(), name.sun_path);
+    // Non-blocking: a bus that does not even accept any more lets connect() wait for ever once its queue is full.
+    const int bus = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (bus != -1 && connect(bus, reinterpret_cast<const sockaddr *>(&name), sizeof name) != 0 && errno != EAGAIN) {
+        close(bus);
+        return -1;
+    }
+    return bus;
+}
+
+} // namespace
+
+void avoidSilentBus()
+{
+    const int bus = connectToBusSocket();
+    if (bus == -1)
+        return;
+    // Asked for the ways to sign in, every bus answers in one line, and at once.
+    constexpr char question[] = "\0AUTH\r\n";
+    pollfd answer = {bus, POLLIN, 0};
+    const bool isAsked = send(bus, question, sizeof question - 1, MSG_NOSIGNAL) == sizeof question - 1;
+    if (!isAsked || poll(&answer, 1, silenceMilliseconds) == 0)
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null");
+    close(bus);
+}
+
+void sendMessage(QString message)
+{
+    const QDBusConnection bus = orHint(QDBusConnection::sessionBus());
+    if (bus.isConnected())
+        deliver(message, bus);
+}
+
+void sendMessageApart(const QString &message)
+{
+    const auto name = QStringLiteral("apart");
+    const QDBusConnection bus = orHint(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name));
+    if (bus.isConnected())
+        deliver(message, bus);
+}
+
 int registerService()
 {
-    QDBusConnection bus = sessionBusOrHint();
+    QDBusConnection bus = orHint(QDBusConnection::sessionBus());
     if (!bus.isConnected())
         return 0;
     if (!bus.registerService(gameServiceName)) {
@@ -73,7 +133,7 @@ int registerService()
 
 bool isRunning()
 {
-    const QDBusConnection bus = sessionBusOrHint();
+    const QDBusConnection bus = orHint(QDBusConnection::sessionBus());
     if (!bus.isConnected())
         return false;
     const QDBusInterface game(gameServiceName, objectPath, QString(), bus);

@@ -14,6 +14,16 @@ inline const QString gameServiceName = QStringLiteral("com.quelmora.QtDBus.Torva
 /// nothing more: the caller goes on whether or not the game has heard.
 void sendMessage(QString message);
 
+/// As sendMessage(), over a connection of its own: for a thread that speaks while the one that has used the session bus
+/// so far hangs.
+void sendMessageApart(const QString &message);
+
+/// Looks whether the session bus speaks, and takes one that accepts and keeps silent for a second out of this process's
+/// environment: Qt's own parts (accessibility, the desktop's theme, input methods) wait for it for 25 seconds each
+/// before the first window shows. To be called before the application object is made. A bus in good health costs a
+/// fraction of a millisecond.
+void avoidSilentBus();
+
 /// Takes the game's name on the session bus and answers the companion's calls there, through a ServiceHandler that
 /// lives for the process and is the object registered at "/". Always returns 0, also without a bus or when somebody
 /// else owns the name.

@@ -2,22 +2,40 @@
 #include "commandline.h"
 #include "globaldefine.h"
 #include "mainwindow.h"
+#include "MyDbusService.h"
 
 #include "mapplication.h"
 
 #include <QLocale>
 
+#include <algorithm>
 #include <cstdio>
+
+#include <sys/resource.h>
 
 namespace {
 
 constexpr QLocale::Language LOCALES[]
     = {QLocale::English, QLocale::French, QLocale::German, QLocale::Italian, QLocale::Spanish};
 
+/// Room for the web engine, which goes down into a page's elements by recursion: with the usual 8 MiB, a script that
+/// nests 100,000 of them takes the process with it.
+void deepenStack()
+{
+    constexpr rlim_t depth = 96 << 20;
+    rlimit stack = {};
+    if (getrlimit(RLIMIT_STACK, &stack) != 0 || stack.rlim_cur >= depth)
+        return;
+    stack.rlim_cur = std::min(depth, stack.rlim_max);
+    setrlimit(RLIMIT_STACK, &stack);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    deepenStack();
+    avoidSilentBus();
     MApplication application(argc, argv);
 
     // Deliberately unsigned: one comparison accepts two or three arguments and nothing else.
@@ -36,5 +54,6 @@ int main(int argc, char **argv)
     MainWindow window(nullptr);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, &MainWindow::on_VantuExit);
     window.showExpanded();
+    application.setLastResort(&MainWindow::endWithoutLoop);
     return MApplication::exec();
 }

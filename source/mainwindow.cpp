@@ -13,6 +13,16 @@
 VantuPage *vantuWidget = nullptr;
 bool is_Send_Resume = false;
 
+namespace {
+
+void printEnd()
+{
+    std::puts("EnTask");
+    std::fflush(stdout);
+}
+
+} // namespace
+
 MainWindow::MainWindow(QWidget *parent)
     : MApplicationWindow(parent)
 {
@@ -37,10 +47,16 @@ void MainWindow::showExpanded()
     QTimer::singleShot(0, this, [this] { setWindowIcon(QIcon(QStringLiteral(":/window/icon.png"))); });
 }
 
+// Deliberately without a look at is_Send_Resume: whoever sends that has said before that the end has begun.
+void MainWindow::endWithoutLoop()
+{
+    printEnd();
+    sendMessageApart(QStringLiteral("QUIT"));
+}
+
 void MainWindow::on_VantuExit()
 {
-    std::puts("EnTask");
-    std::fflush(stdout);
+    printEnd();
     if (!is_Send_Resume)
         sendMessage(QStringLiteral("QUIT"));
 }

@@ -21,6 +21,10 @@ public:
     /// Shows the window, then makes the page, which begins to load the service, and puts it in the window.
     void showExpanded();
 
+    /// Does what on_VantuExit() does for a companion whose event loop hangs: it runs in a thread of its own, beside
+    /// whatever holds the page. It touches nothing but the console and the bus.
+    static void endWithoutLoop();
+
 public slots:
     /// Tells the game that the player has left, unless it was told to resume. Runs when the application is about to
     /// quit, however it ends.

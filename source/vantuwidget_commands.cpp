@@ -9,6 +9,7 @@
 #include "myqwebview.h"
 #include "servicerequests.h"
 
+#include "mapplication.h"
 #include "mbutton.h"
 #include "minputmethodstate.h"
 #include "mmessagebox.h"
@@ -75,6 +76,8 @@ void VantuPage::quitToGame()
 {
     if (is_Send_Resume)
         return; // On the way out already: a second tap arrives before the event loop ends.
+    // From here on the game hears this end, however slowly it listens, and no other.
+    MApplication::beginEnd();
     webView->stop();
     saveUserLogin();
     sendMessage(QStringLiteral("RESUMEGAME"));

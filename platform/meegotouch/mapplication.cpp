@@ -2,36 +2,21 @@
 #include "mapplication.h"
 
 #include "mdisplay.h"
+#include "mendwatch.h"
 #include "minputmethodstate.h"
 #include "mstyle.h"
 
 #include <QFont>
+#include <QLibrary>
+#include <qpa/qplatformnativeinterface.h>
 #include <QProxyStyle>
-#include <QSocketNotifier>
-#include <QTimer>
 
-#include <array>
-#include <utility>
-
-#include <errno.h>
-#include <fcntl.h>
-#include <signal.h>
-#include <unistd.h>
+#include <chrono>
 
 namespace {
 
-constexpr std::array<int, 3> endingSignals = {SIGTERM, SIGINT, SIGHUP};
-
-// A signal handler may do little more than write a byte; the event loop reads it at the other end.
-int signalPipe[2] = {-1, -1};
-
-void onSignal(int)
-{
-    const int savedErrno = errno;
-    const char byte = 0;
-    [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
-    errno = savedErrno;
-}
+/// How long the event loop may take to begin the end that was asked for.
+constexpr std::chrono::milliseconds endGrace(5000);
 
 /// The widgets bring their own look; what they leave to Qt (text cursors, the form fields of web pages) must not turn
 /// dark or odd with the desktop's theme.
@@ -62,48 +47,28 @@ int &prepared(int &argc)
     return argc;
 }
 
+// The libraries are there already, with the platform's plugin: asked for by name, they need not be linked.
+int socketOf(const char *resource, const char *library, int version, const char *function)
+{
+    void *display = QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(resource);
+    const auto descriptor = display
+        ? reinterpret_cast<int (*)(void *)>(QLibrary::resolve(QLatin1String(library), version, function))
+        : nullptr;
+    return descriptor ? descriptor(display) : -1;
+}
+
+// The connection to the display server, -1 for a platform without one.
+int displaySocket()
+{
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QLatin1String("xcb"))
+        return socketOf("connection", "xcb", 1, "xcb_get_file_descriptor");
+    if (platform.startsWith(QLatin1String("wayland")))
+        return socketOf("wl_display", "wayland-client", 0, "wl_display_get_fd");
+    return -1;
+}
+
 } // namespace
-
-class MApplication::UnixSignals {
-public:
-    UnixSignals()
-    {
-        if (pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0)
-            return;
-        m_notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
-        QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] {
-            char bytes[16];
-            while (read(signalPipe[0], bytes, sizeof bytes) > 0) { }
-            // A quit() inside a nested loop that runs before exec() would be forgotten: it is said until it is heard.
-            m_again.start(20);
-            QCoreApplication::quit();
-        });
-        QObject::connect(&m_again, &QTimer::timeout, qApp, &QCoreApplication::quit);
-
-        struct sigaction action = {};
-        action.sa_handler = onSignal;
-        action.sa_flags = SA_RESTART;
-        sigemptyset(&action.sa_mask);
-        for (size_t i = 0; i < endingSignals.size(); ++i)
-            sigaction(endingSignals[i], &action, &m_before[i]);
-    }
-
-    ~UnixSignals()
-    {
-        if (!m_notifier)
-            return;
-        for (size_t i = 0; i < endingSignals.size(); ++i)
-            sigaction(endingSignals[i], &m_before[i], nullptr);
-        m_notifier.reset();
-        for (int &end : signalPipe)
-            close(std::exchange(end, -1));
-    }
-
-private:
-    std::unique_ptr<QSocketNotifier> m_notifier;
-    QTimer m_again;
-    std::array<struct sigaction, endingSignals.size()> m_before = {};
-};
 
 MApplication::MApplication(int &argc, char **argv)
     : MApplication(argc, argv, MDisplay())
@@ -113,7 +78,7 @@ MApplication::MApplication(int &argc, char **argv)
 MApplication::MApplication(int &argc, char **argv, const MDisplay &display)
     : QApplication(prepared(argc), argv)
     , m_displayProblem(display.problem())
-    , m_unixSignals(std::make_unique<UnixSignals>())
+    , m_endWatch(std::make_unique<MEndWatch>(displaySocket(), endGrace))
 {
     if (!m_displayProblem.isEmpty())
         return;
@@ -126,6 +91,8 @@ MApplication::MApplication(int &argc, char **argv, const MDisplay &display)
     QFont::insertSubstitutions(MStyle::fontFamilies().first(), MStyle::fontFamilies().mid(1));
     textFont.setPixelSize(MStyle::fontPixelSize);
     setFont(textFont);
+
+    connect(this, &QCoreApplication::aboutToQuit, this, &MApplication::beginEnd);
 }
 
 MApplication::~MApplication() = default;
@@ -137,4 +104,21 @@ bool MApplication::notify(QObject *receiver, QEvent *event)
     if (event->type() == QEvent::RequestSoftwareInputPanel)
         MInputMethodState::requestSoftwareInputPanel();
     return QApplication::notify(receiver, event);
+}
+
+void MApplication::setLastResort(void (*lastResort)())
+{
+    m_endWatch->setLastResort(lastResort);
+}
+
+void MApplication::requestEnd()
+{
+    if (const auto *application = qobject_cast<MApplication *>(QCoreApplication::instance()))
+        application->m_endWatch->request();
+}
+
+void MApplication::beginEnd()
+{
+    if (const auto *application = qobject_cast<MApplication *>(QCoreApplication::instance()))
+        application->m_endWatch->standDown();
 }

@@ -2,10 +2,12 @@
 #include "mapplicationwindow.h"
 
 #include "maccessibility.h"
+#include "mapplication.h"
 #include "minputmethodstate.h"
 #include "mstyle.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QGraphicsScene>
 #include <QGraphicsWidget>
 #include <QInputMethod>
@@ -133,6 +135,15 @@ void MApplicationWindow::showEvent(QShowEvent *event)
     // An X11 display without a window manager gives the keyboard to nobody by itself. Wayland lets no window ask.
     if (!QApplication::platformName().startsWith(QLatin1String("wayland")))
         activateWindow();
+}
+
+void MApplicationWindow::closeEvent(QCloseEvent *event)
+{
+    QGraphicsView::closeEvent(event);
+    // Qt ends the application with its last window too, but forgets it where a nested loop runs before exec(), and
+    // nobody would see to it that the end comes.
+    if (event->isAccepted())
+        MApplication::requestEnd();
 }
 
 void MApplicationWindow::resizeEvent(QResizeEvent *event)

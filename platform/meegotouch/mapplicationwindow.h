@@ -18,8 +18,8 @@ class QGraphicsWidget;
 /// of it; resized, it scales the scene with its aspect kept, centred on black. A software keyboard changes nothing in
 /// the scale: it covers a part of the scene, of which the text cursor stays in view. Key presses that no item of the
 /// scene has the focus for go to the topmost scene window. Nothing in it is pressed unseen (MDoubleTapGuard), and a key
-/// that is held down activates once. A destroyed window dismisses what it shows, and destroys only the scene windows
-/// that are not kept by their owners (MSceneWindow::DeletionPolicy).
+/// that is held down activates once. Closed, it ends the application. A destroyed window dismisses what it shows, and
+/// destroys only the scene windows that are not kept by their owners (MSceneWindow::DeletionPolicy).
 class MApplicationWindow : public QGraphicsView {
     Q_OBJECT
 
@@ -58,6 +58,7 @@ signals:
 protected:
     bool viewportEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;

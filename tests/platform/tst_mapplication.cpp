@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "mapplication.h"
+#include "mendwatch.h"
 
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include <signal.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 /// The application object, and how the signals of the system end it.
 class ApplicationTest : public QObject {
@@ -38,6 +45,31 @@ private slots:
         QCOMPARE(run(), 0);
     }
 
+    void processEnds_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<QByteArray>("output");
+        QTest::addColumn<int>("status");
+        const auto row = [](const char *name, const char *how, const char *output, int status) {
+            QTest::newRow(name) << QString::fromLatin1(how) << QByteArray(output) << status;
+        };
+        row("when asked for, though the loop hangs", "request", "last resort", 0);
+        row("when the display is gone, though the loop hangs", "displayGone", "last resort", 0);
+        row("when the platform leaves by itself", "exit", "last resort", 0);
+        row("as the loop wants it, if that has begun", "standDown", "", 3);
+    }
+
+    void processEnds()
+    {
+        QFETCH(QString, how);
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--end"), how});
+        QVERIFY(process.waitForFinished());
+        QTEST(process.readAllStandardOutput(), "output");
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QTEST(process.exitCode(), "status");
+    }
+
     void webPagesChooseTheirFonts()
     {
         QFont font;
@@ -57,8 +89,37 @@ private:
     }
 };
 
+// The process of processEnds(), hanging but for what @p how names.
+static int end(int argc, char **argv, const QByteArray &how)
+{
+    const QCoreApplication application(argc, argv);
+    int display[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM, 0, display) != 0)
+        return 1;
+    MEndWatch watch(display[0], std::chrono::milliseconds(100));
+    watch.setLastResort([] {
+        std::fputs("last resort", stdout);
+        std::fflush(stdout);
+    });
+    if (how == "request" || how == "standDown")
+        watch.request();
+    if (how == "displayGone")
+        close(display[1]);
+    if (how == "exit")
+        std::exit(1);
+    if (how == "standDown") {
+        watch.standDown();
+        std::this_thread::sleep_for(std::chrono::milliseconds(300)); // Longer than the loop would be given.
+        return 3;
+    }
+    for (;;)
+        pause();
+}
+
 int main(int argc, char **argv)
 {
+    if (argc == 3 && qstrcmp(argv[1], "--end") == 0)
+        return end(argc, argv, argv[2]);
     MApplication application(argc, argv);
     ApplicationTest test;
     return QTest::qExec(&test, argc, argv);

@@ -2,6 +2,7 @@
 #include "gamepeer.h"
 #include "testservice.h"
 
+#include <QLocalServer>
 #include <QNetworkProxy>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -142,19 +143,31 @@ private slots:
     void signalsTellTheGameOnce_data()
     {
         QTest::addColumn<QList<int>>("signalsSent");
+        QTest::addColumn<QByteArray>("html");
         for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-            QTest::newRow(strsignal(signal)) << QList<int>{signal};
-        QTest::newRow("all") << QList<int>{SIGINT, SIGTERM, SIGINT, SIGHUP};
+            QTest::newRow(strsignal(signal)) << QList<int>{signal} << QByteArray("late");
+        QTest::newRow("all") << QList<int>{SIGINT, SIGTERM, SIGINT, SIGHUP} << QByteArray("late");
+        QTest::newRow("while a page computes for ever")
+            << QList<int>{SIGTERM, SIGINT}
+            << QByteArray(
+                   "<script>r = new XMLHttpRequest; r.open('GET', '/hangs', false); r.send(); for (;;);</script>");
     }
     void signalsTellTheGameOnce()
     {
         QFETCH(QList<int>, signalsSent);
+        QFETCH(QByteArray, html);
+        const bool hangs = html.contains("/hangs");
         TestService service;
         // The end does not wait for the page.
-        service.answer(QStringLiteral("/vantu/"), {"late", 200, {}, 1000});
-        const GamePeer game;
+        service.answer(QStringLiteral("/vantu/"), {html, 200, {}, hangs ? 0 : 1000});
         Companion companion(plain);
-        QVERIFY(requestsStartPage(service));
+        // Nor does another signal change anything while the game makes up its mind.
+        const GamePeer game([&companion](const QDBusMessage &call) {
+            companion.sendSignal(SIGTERM);
+            return GamePeer::answerString(call);
+        });
+        const int requests = hangs ? 2 : 1;
+        QTRY_COMPARE_WITH_TIMEOUT(service.urls().size(), requests, 20000);
         for (const int signal : signalsSent)
             companion.sendSignal(signal);
         QVERIFY(companion.ends());
@@ -184,11 +197,14 @@ private slots:
 
     void endsWithoutGame_data()
     {
+        QVERIFY(silentBus.isListening() || silentBus.listen(silentBusFolder.filePath(QStringLiteral("bus"))));
         QTest::addColumn<QString>("bus");
         QTest::addColumn<QByteArray>("complaint");
         QTest::newRow("no game") << qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")
                                  << QByteArray("was not provided by any .service files\n");
-        QTest::newRow("no bus") << "unix:path=/nowhere" << QByteArray("Cannot connect to the D-Bus session bus.\n");
+        const QByteArray hint("Cannot connect to the D-Bus session bus.\n");
+        QTest::newRow("no bus") << "unix:path=/nowhere" << hint;
+        QTest::newRow("a bus that never speaks") << QLatin1String("unix:path=") + silentBus.fullServerName() << hint;
     }
     void endsWithoutGame()
     {
@@ -203,6 +219,10 @@ private slots:
         QVERIFY(companion.readAllStandardOutput().startsWith("EnTask\n"));
         QCOMPARE(companion.readAllStandardError().count(complaint), 1);
     }
+
+private:
+    QTemporaryDir silentBusFolder;
+    QLocalServer silentBus;
 };
 
 QTEST_GUILESS_MAIN(StartupTest)
