@@ -6,8 +6,6 @@
 /// The enumerations that several classes share.
 namespace M {
 
-/// How a window is held.
-
 /// The buttons that a dialog can make by itself.
 enum StandardButton {
     NoStandardButton = 0x0,
@@ -20,10 +18,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(M::StandardButtons)
 /// What a text field is for: chooses the keys that a software keyboard offers, refuses nothing that is typed.
 enum TextContentType {
     FreeTextContentType,
-    NumberContentType,
-    PhoneNumberContentType,
     EmailContentType,
-    UrlContentType,
 };
 
 } // namespace M

@@ -31,19 +31,8 @@ namespace {
 
 Qt::InputMethodHints hintsFor(M::TextContentType type)
 {
-    switch (type) {
-    case M::NumberContentType:
-        return Qt::ImhFormattedNumbersOnly;
-    case M::PhoneNumberContentType:
-        return Qt::ImhDialableCharactersOnly;
-    case M::EmailContentType:
-        return Qt::ImhEmailCharactersOnly | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
-    case M::UrlContentType:
-        return Qt::ImhUrlCharactersOnly | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
-    case M::FreeTextContentType:
-        break;
-    }
-    return Qt::ImhNone;
+    return type == M::EmailContentType ? Qt::ImhEmailCharactersOnly | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText
+                                       : Qt::ImhNone;
 }
 
 /// Of the field alone, whatever the desktop's theme is.

@@ -122,16 +122,6 @@ private slots:
         QVERIFY(!m_page->gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
     }
 
-    void tapOnAButtonClicksItAndIsAGesture()
-    {
-        MButton button(QStringLiteral("Go"), m_page->centralWidget());
-        button.setGeometry(QRectF(100, 100, 200, 80));
-        QSignalSpy clicked(&button, &MButton::clicked);
-        Finger(m_window).tap({150, 140});
-        QCOMPARE(clicked.count(), 1);
-        QVERIFY(m_page->gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
-    }
-
     void returnReachesThePageWhoeverHasTheFocus_data()
     {
         QTest::addColumn<QString>("focus");

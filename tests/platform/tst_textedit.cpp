@@ -68,25 +68,6 @@ private slots:
         QCOMPARE(changed.count(), 4);
     }
 
-    void selectsCopiesAndUndoes_data() { addLineModes(); }
-    void selectsCopiesAndUndoes()
-    {
-        QFETCH(MTextEditModel::LineMode, mode);
-        Stage stage;
-        MTextEdit *edit = editOn(stage, mode, QStringLiteral("one two"));
-        edit->setFocus();
-        QTest::keyClick(&stage.window, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(&stage.window, Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("one two"));
-        QTest::keyClick(&stage.window, Qt::Key_X, Qt::ControlModifier);
-        QCOMPARE(edit->text(), QString());
-        QTest::keyClick(&stage.window, Qt::Key_V, Qt::ControlModifier);
-        QTest::keyClick(&stage.window, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(edit->text(), QStringLiteral("one twoone two"));
-        QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(edit->text(), QStringLiteral("one two"));
-    }
-
     void keepsItsText_data()
     {
         QTest::addColumn<MTextEditModel::LineMode>("mode");
@@ -141,10 +122,7 @@ private slots:
         const Qt::InputMethodHints typed = Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
         const Qt::InputMethodHints none;
         QTest::newRow("text") << M::FreeTextContentType << none << typed;
-        QTest::newRow("number") << M::NumberContentType << (none | Qt::ImhFormattedNumbersOnly) << none;
-        QTest::newRow("phone") << M::PhoneNumberContentType << (none | Qt::ImhDialableCharactersOnly) << none;
         QTest::newRow("e-mail") << M::EmailContentType << (typed | Qt::ImhEmailCharactersOnly) << none;
-        QTest::newRow("link") << M::UrlContentType << (typed | Qt::ImhUrlCharactersOnly) << none;
     }
 
     void contentTypeChoosesTheKeys()

@@ -35,13 +35,19 @@ struct Portal {
         service.forget();
     }
 
+    /// Does @p action and waits for the end of the load that it begins.
+    template <typename Action> void waitForLoad(Action action)
+    {
+        QSignalSpy finished(page->webView, &QGraphicsWebView::loadFinished);
+        action();
+        QVERIFY(!finished.isEmpty() || finished.wait(10000));
+    }
+
     /// Lets the service answer @p path with @p html and loads it.
     void load(const QString &path, const QByteArray &html)
     {
         service.answer(path.section(QLatin1Char('?'), 0, 0), {html});
-        QSignalSpy finished(page->webView, &QGraphicsWebView::loadFinished);
-        page->webView->setUrl(QUrl(url(path)));
-        QVERIFY(finished.wait(10000));
+        waitForLoad([&] { page->webView->setUrl(QUrl(url(path))); });
     }
 
     /// Loads a page with the given page variables.

@@ -32,16 +32,13 @@ public:
     using VantuPage::btnStopPicking;
     using VantuPage::gestureEvent;
     using VantuPage::isInFriendSelectionScreen;
-    using VantuPage::lastState;
     using VantuPage::lblSubject;
     using VantuPage::lblWebTitle;
     using VantuPage::mdlInteractModel;
     using VantuPage::mdlRate;
     using VantuPage::mdlRecommendModel;
-    using VantuPage::nwAccessMgr;
     using VantuPage::oldURL;
     using VantuPage::popupInteract;
-    using VantuPage::popupRate;
     using VantuPage::popupRecommend;
     using VantuPage::progressIndicator;
     using VantuPage::recommendGameId;
@@ -49,7 +46,6 @@ public:
     using VantuPage::selectButtons;
     using VantuPage::state;
     using VantuPage::strFriendsMessages;
-    using VantuPage::strGamesMessages;
     using VantuPage::strInboxMessages;
     using VantuPage::toggleButtons;
     using VantuPage::txtMessage;
