@@ -17,7 +17,6 @@ constexpr char sessionCookie[] = "vantu_session=";
 constexpr std::size_t longestTarget = 4096;
 constexpr std::size_t longestBody = 1 << 20;
 constexpr int longestQueue = 1024;
-constexpr std::chrono::seconds longestSilence{5};
 
 /// A thread for each connection: however many say nothing, or little at a time, the next one is heard at once.
 class ThreadPerConnection : public httplib::TaskQueue {
@@ -230,11 +229,9 @@ void Server::Private::finish(const Request &request, const Reply &reply, httplib
 void Server::Private::setUp()
 {
     http.new_task_queue = [] { return new ThreadPerConnection; };
-    // A kept connection could close just when the companion sends a message on it.
+    // A kept connection could close just when the companion sends a message on it. Five seconds of silence end one
+    // anyway.
     http.set_keep_alive_max_count(1);
-    http.set_keep_alive_timeout(longestSilence.count());
-    http.set_read_timeout(longestSilence);
-    http.set_write_timeout(longestSilence);
     http.set_payload_max_length(longestBody);
     // The library's own choice lets two services share one port without a word.
     http.set_socket_options([this](socket_t socket) {

@@ -16,7 +16,6 @@ namespace {
 /// Of the tables, for files that an earlier service left behind.
 constexpr int schemaVersion = 2;
 constexpr std::time_t longestPause = 24 * 60 * 60;
-constexpr int longestWait = 10000;
 
 void fill(SQLite::Database &database)
 {
@@ -224,12 +223,11 @@ Reply Site::attempt(const Request &request, const std::function<Reply(Visit &vis
 // A page that keeps its visitor waiting must not keep the others.
 void Site::waitIfAsked(const Request &request)
 {
-    if (request.path != "/vantu/slow")
+    const int wanted = numberOf(value(request.query, "ms")).value_or(0);
+    if (request.path != "/vantu/slow" || wanted > longestWait)
         return;
     std::unique_lock lock(m_waitMutex);
-    m_stopped.wait_for(
-        lock, std::chrono::milliseconds(std::min(numberOf(value(request.query, "ms")).value_or(0), longestWait)),
-        [this] { return m_stopping; });
+    m_stopped.wait_for(lock, std::chrono::milliseconds(wanted), [this] { return m_stopping; });
 }
 
 void Site::stop()

@@ -72,6 +72,9 @@ struct Session {
     bool loginUnknown = false;
 };
 
+/// Longest time that the slow page keeps a visitor waiting, in milliseconds.
+inline constexpr int longestWait = 10000;
+
 /// One request on its way through the site.
 struct Visit {
     const Request &request;

@@ -18,7 +18,7 @@ Reply errorPage(Visit &visit)
 Reply slowPage(Visit &visit)
 {
     const std::string wanted = value(visit.request.query, "ms");
-    if (!numberOf(wanted))
+    if (numberOf(wanted).value_or(longestWait + 1) > longestWait)
         throw Refusal{400};
     Page page(visit.session.language, "slow.tpl", "Vantu");
     page.set("TEXT", visit.say("WAITED", wanted));

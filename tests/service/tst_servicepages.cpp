@@ -270,6 +270,8 @@ private slots:
         QTest::newRow("/vantu/games/show-game/gid/7x") << missing;
         QTest::newRow("/vantu/messages/send-message/android_uid/7u101") << missing;
         QTest::newRow("/vantu/slow?ms=long") << bad;
+        QTest::newRow("/vantu/slow?ms=10001") << bad;
+        QTest::newRow("/vantu/games/show-game/gid/1234567890") << missing;
     }
     void refusals()
     {

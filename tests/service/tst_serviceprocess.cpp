@@ -179,6 +179,7 @@ private slots:
         row("a multipart body without a boundary", message + "Content-Type: multipart/form-data\r\n" + body, "415");
         row("a long address", "GET /vantu/" + QByteArray(5000, 'x') + " HTTP/1.1\r\n\r\n", "414");
         row("as a proxy gets it", "GET http://vantu.test/vantu/info/ HTTP/1.1\r\n\r\n", "200");
+        row("a page that takes its time", "GET /vantu/slow?ms=1200 HTTP/1.1\r\n\r\n", "200");
         row("a path of control characters", "GET /vantu/%00%0a%ff%zz% HTTP/1.1\r\n\r\n", "404");
         row("noise", QByteArray("\x16\x03\x01\r\n\r\n\xff\xfe", 9), "400");
     }
