@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "addresswidget.h"
 #include "bareview.h"
 #include "globaldefine.h"
 #include "mybutton.h"
@@ -11,11 +12,13 @@
 #include "mapplication.h"
 #include "mapplicationwindow.h"
 #include "mbutton.h"
+#include "mpopuplist.h"
 
 #include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QNetworkProxy>
 #include <QPainter>
+#include <QStringListModel>
 #include <QStyleOptionGraphicsItem>
 #include <QTest>
 #include <QTimer>
@@ -65,7 +68,7 @@ void load(QGraphicsWebView &view, const QString &path)
 
 /// Times the companion's whole work at the end of each of several loads: the search for the service's error sentences,
 /// the fifteen scripts, each time on a window object that is new, and the chrome.
-Samples timeLoadEnds(TestPage &page)
+Samples timeLoadEnds(TestPage &page, int loads)
 {
     Samples samples;
     const auto unhook = [&page] {
@@ -184,39 +187,73 @@ void show(QWidget &window)
         qFatal("The window does not appear");
 }
 
-} // namespace
-
-// bench_page: what the companion does with a loaded page.
-int main(int argc, char **argv)
-{
-    MApplication application(argc, argv);
-    PageServer server(listPage(rowsOfLongPage));
-    QNetworkProxy::setApplicationProxy(
-        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), server.port()));
-
+struct Drags {
+    Drag companion;
     Drag bare;
+};
+
+/// What the companion does with the page that a server of this process answers with.
+class Bench {
+public:
+    Bench()
     {
-        BareWindow window;
-        show(window);
-        load(window.webView, QStringLiteral("/vantu/friends/index"));
-        bare = drag(window);
+        QNetworkProxy::setApplicationProxy(
+            QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), m_server.port()));
+        show(m_window);
+        page.appear(&m_window, MSceneWindow::KeepWhenDone);
     }
 
-    MApplicationWindow window;
-    show(window);
+    Drags dragPage(int rows)
+    {
+        m_server.setPage(listPage(rows));
+        Drags drags;
+        {
+            BareWindow window;
+            show(window);
+            load(window.webView, QStringLiteral("/vantu/friends/index"));
+            drags.bare = drag(window);
+        }
+        load(*page.webView, QStringLiteral("/vantu/friends/index"));
+        drags.companion = drag(m_window);
+        return drags;
+    }
+
+    Samples endLoads(int rows, int loads)
+    {
+        m_server.setPage(listPage(rows));
+        return timeLoadEnds(page, loads);
+    }
+
+    /// From the call to the end of the painting, processor time.
+    template <typename Function> Samples timeUntilDrawn(int times, Function function)
+    {
+        Samples samples;
+        for (int i = 0; i < times; ++i) {
+            const double before = threadMilliseconds();
+            function(i);
+            m_window.viewport()->repaint();
+            samples.append(threadMilliseconds() - before);
+        }
+        return samples;
+    }
+
     TestPage page;
-    page.appear(&window, MSceneWindow::KeepWhenDone);
-    load(*page.webView, QStringLiteral("/vantu/friends/index"));
-    const Drag companion = drag(window);
 
-    report("drag step on a 200-row page, until drawn", "ms", companion.untilDrawn, bare.untilDrawn,
-           {Budget::Absolute, 8});
-    report("drag step on a 200-row page, all its work", "ms", companion.work, bare.work, {Budget::Absolute, 8});
+private:
+    PageServer m_server{listPage(rowsOfPage)};
+    MApplicationWindow m_window;
+};
 
-    report("load end of a 200-row page", "ms", timeLoadEnds(page), {}, {});
-    server.setPage(listPage(rowsOfPage));
-    report("load end: scripts, chrome, error search", "ms", timeLoadEnds(page), {}, {Budget::Absolute, 2});
+void measure(Bench &bench)
+{
+    const Drags drags = bench.dragPage(rowsOfLongPage);
+    report("drag step on a 200-row page, until drawn", "ms", drags.companion.untilDrawn, drags.bare.untilDrawn,
+           {Budget::Ratio, 1.3});
+    report("drag step on a 200-row page, all its work", "ms", drags.companion.work, drags.bare.work, {});
+    report("load end of a 200-row page", "ms", bench.endLoads(rowsOfLongPage, loads), {}, {Budget::Absolute, 2});
+    report("load end of a 20-row page", "ms", bench.endLoads(rowsOfPage, loads), {}, {});
 
+    TestPage &page = bench.page;
     for (ToggleButton *tab : {page.btnHome, page.btnInbox, page.btnFriend, page.btnGame})
         tab->m_badgeNumber = 12;
     report("painting a header button", "us",
@@ -225,5 +262,57 @@ int main(int argc, char **argv)
            {}, {Budget::Absolute, 50});
     report("painting a tab", "us", timeSlowest({page.btnHome, page.btnInbox, page.btnFriend, page.btnGame}), {},
            {Budget::Absolute, 50});
+}
+
+/// How the costs grow with what is shown: rows of a page, recipients, rows of a popup.
+void measureGrowth(Bench &bench)
+{
+    const auto row = [](const char *measure, int count, const Samples &companion, const Samples &bare) {
+        report(QByteArray(measure).append(' ').append(QByteArray::number(count)).constData(), "ms", companion, bare,
+               {});
+    };
+    for (const int rows : {20, 200, 2000, 20000}) {
+        const Drags drags = bench.dragPage(rows);
+        row("drag step, rows", rows, drags.companion.work, drags.bare.work);
+        row("load end, rows", rows, bench.endLoads(rows, rows > 2000 ? 3 : 10), {});
+    }
+    TestPage &page = bench.page;
+    page.openSendMessagePage();
+    int recipients = 0;
+    for (const int count : {1, 10, 100, 1000}) {
+        const Samples samples = bench.timeUntilDrawn(count - recipients, [&](int) {
+            const QString name = QString::number(++recipients);
+            page.addrWidget->addNewUIDAddress(name, name);
+        });
+        row("one more recipient, of", count, samples.mid(samples.size() * 9 / 10), {});
+    }
+    for (const int rows : {4, 400}) {
+        QStringListModel model;
+        QStringList texts;
+        for (int i = 0; i < rows; ++i)
+            texts.append(QStringLiteral("Row number %1").arg(i));
+        model.setStringList(texts);
+        row("popup that opens, rows", rows,
+            bench.timeUntilDrawn(10,
+                                 [&](int) {
+                                     MPopupList list;
+                                     list.setItemModel(&model);
+                                     list.appear(MSceneWindow::KeepWhenDone);
+                                 }),
+            {});
+    }
+}
+
+} // namespace
+
+// bench_page [growth]: what the companion does with a loaded page, or how that grows.
+int main(int argc, char **argv)
+{
+    MApplication application(argc, argv);
+    Bench bench;
+    if (argc == 2 && qstrcmp(argv[1], "growth") == 0)
+        measureGrowth(bench);
+    else
+        measure(bench);
     return 0;
 }
