@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
 #include <utility>
 
 #include <errno.h>
@@ -30,11 +29,14 @@ void put(int pipe, char byte)
     [[maybe_unused]] const auto written = write(pipe, &byte, 1);
 }
 
-int millisecondsUntil(const std::optional<Clock::time_point> &deadline)
+constexpr Clock::time_point never = Clock::time_point::max();
+
+/// What poll() waits: -1 without end.
+int millisecondsUntil(Clock::time_point deadline)
 {
-    if (!deadline)
+    if (deadline == never)
         return -1;
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline - Clock::now()).count();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     return static_cast<int>(std::max<decltype(left)>(left, 0));
 }
 
@@ -102,14 +104,14 @@ void MEndWatch::standDown()
 // Runs in the watch's own thread.
 void MEndWatch::watch()
 {
-    std::optional<Clock::time_point> deadline;
+    Clock::time_point deadline = never;
     // A connection over the network ends with what poll() calls half a hang-up.
     pollfd sources[] = {{m_pipe[0], POLLIN, 0}, {m_displaySocket, POLLRDHUP, 0}};
     for (;;) {
         const int ready = poll(sources, std::size(sources), millisecondsUntil(deadline));
         if (ready == 0 || (ready > 0 && sources[1].revents != 0)) {
             endWithoutLoop();
-            deadline.reset();
+            deadline = never;
             sources[1].fd = -1; // The loop has begun the end: nothing is left to watch for.
             continue;
         }
@@ -117,7 +119,7 @@ void MEndWatch::watch()
         while (read(m_pipe[0], &byte, 1) == 1) {
             if (byte == watchIsOver)
                 return;
-            if (!deadline)
+            if (deadline == never)
                 deadline = Clock::now() + m_grace;
             askTheLoop();
         }
