@@ -144,5 +144,8 @@ void VantuPage::getAutoLogin(QString html)
 
 void VantuPage::post(const QUrl &url, const QByteArray &body)
 {
-    nwAccessMgr->post(QNetworkRequest(url), body);
+    QNetworkRequest request(url);
+    if (!body.isEmpty())
+        request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
+    nwAccessMgr->post(request, body);
 }

@@ -94,7 +94,15 @@ void VantuPage::initWebView()
     background.setColorAt(1.0, QColor(110, 148, 168, 255));
     QPalette palette;
     palette.setBrush(QPalette::Window, background);
+    // Until the first page comes this is seen, and not the engine's white sheet on it.
+    palette.setBrush(QPalette::Base, Qt::transparent);
     webView->setPalette(palette);
+    auto *firstPage = new QObject(webView);
+    connect(webView, &QGraphicsWebView::urlChanged, firstPage, [this, palette, firstPage]() mutable {
+        palette.setBrush(QPalette::Base, Qt::white);
+        webView->setPalette(palette);
+        firstPage->deleteLater();
+    });
     webView->setAutoFillBackground(true);
     webView->page()->setPreferredContentsSize(QSize(320, 400));
     webView->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, true);
