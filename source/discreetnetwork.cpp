@@ -14,5 +14,7 @@ QNetworkReply *DiscreetNetwork::createRequest(Operation operation, const QNetwor
         if (!isSameOrigin(QUrl::fromEncoded(request.rawHeader(header)), request.url()))
             discreet.setRawHeader(header, QByteArray());
     }
+    if (isRefused(request.url()))
+        discreet.setUrl(QUrl(QStringLiteral("refused:"))); // No protocol: the request fails like any unknown one.
     return QNetworkAccessManager::createRequest(operation, discreet, outgoingData);
 }

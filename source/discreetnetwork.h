@@ -4,7 +4,8 @@
 #include <QNetworkAccessManager>
 
 /// Network of a web view whose addresses are nobody else's business: no other host is told which page a request comes
-/// from. Where one page of a host asks the same host for another, that host is told as usual.
+/// from; where one page of a host asks the same host for another, that host is told as usual. And what is refused by
+/// the rules is not asked for.
 class DiscreetNetwork : public QNetworkAccessManager {
 public:
     using QNetworkAccessManager::QNetworkAccessManager;

@@ -73,6 +73,12 @@ bool mayHoldErrorSentence(const QString &text)
     return match.hasMatch() || !match.isValid();
 }
 
+bool isRefused(const QUrl &url)
+{
+    const bool isServiceEncrypted = QUrl(QLatin1String(K_SERVICE_ROOT)).scheme() == QLatin1String("https");
+    return isServiceEncrypted && (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("ftp"));
+}
+
 bool isTwitterUrl(const QString &url)
 {
     return url.contains(QLatin1String("twitter"), Qt::CaseInsensitive);

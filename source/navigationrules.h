@@ -10,6 +10,8 @@
 bool isSameOrigin(const QUrl &one, const QUrl &other);
 /// True for a page of the service: it has the scheme, host and port of the service's root.
 bool isServiceUrl(const QUrl &url);
+/// True for an address that is not asked for: in clear, while the service itself is only reached encrypted.
+bool isRefused(const QUrl &url);
 
 /// True for a page of the external sharing site that cannot be shown with scripts and tiles on.
 bool isTwitterUrl(const QString &url);

@@ -37,6 +37,7 @@ public:
     using VantuPage::mdlInteractModel;
     using VantuPage::mdlRate;
     using VantuPage::mdlRecommendModel;
+    using VantuPage::nwAccessMgr;
     using VantuPage::oldURL;
     using VantuPage::popupInteract;
     using VantuPage::popupRecommend;

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "globaldefine.h"
+#include "mybutton.h"
+#include "myqwebview.h"
+#include "testpage.h"
+
+#include "mapplication.h"
+#include "mapplicationwindow.h"
+#include "mbuttongroup.h"
+#include "mprogressindicator.h"
+
+#include <QFile>
+#include <QNetworkProxy>
+#include <QSslConfiguration>
+#include <QSslKey>
+#include <QSslSocket>
+#include <QTcpServer>
+#include <QtTest>
+#include <QWebFrame>
+
+/// A service that speaks TLS, reached as the companion's HTTP proxy. It keeps apart what it is asked in secret and in
+/// clear.
+class SecureService : public QTcpServer {
+public:
+    explicit SecureService(const QString &certificate)
+        : certificate(QSslCertificate::fromPath(certificate).value(0))
+    {
+        QFile file(QFINDTESTDATA("certificates/server.key"));
+        if (!file.open(QIODevice::ReadOnly) || !listen(QHostAddress::LocalHost))
+            qFatal("No secure service");
+        key = QSslKey(&file, QSsl::Ec);
+        QNetworkProxy::setApplicationProxy(
+            QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), serverPort()));
+    }
+    ~SecureService() override { QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::NoProxy)); }
+
+    QList<QByteArray> inSecret;
+    QList<QByteArray> inClear;
+
+protected:
+    void incomingConnection(qintptr descriptor) override
+    {
+        auto *socket = new QSslSocket(this);
+        socket->setSocketDescriptor(descriptor);
+        socket->setLocalCertificate(certificate);
+        socket->setPrivateKey(key);
+        connect(socket, &QSslSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QSslSocket::readyRead, this, [this, socket] { answer(socket); });
+    }
+
+private:
+    void answer(QSslSocket *socket)
+    {
+        if (!socket->peek(10000).contains("\r\n\r\n"))
+            return;
+        const QByteArray request = socket->readLine().trimmed();
+        socket->readAll();
+        if (request.startsWith("CONNECT ")) {
+            socket->write("HTTP/1.1 200 OK\r\n\r\n");
+            socket->startServerEncryption();
+            return;
+        }
+        (socket->isEncrypted() ? inSecret : inClear).append(request);
+        socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n"
+                      "<script>var sUserUid = 'p12';</script><img src='http://vantu.test/picture'>");
+        socket->disconnectFromHost();
+    }
+
+    QSslCertificate certificate;
+    QSslKey key;
+};
+
+/// The companion of a service whose root begins with https://.
+class SecureLinkTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void onlyAVerifiedServiceIsTold_data();
+    void onlyAVerifiedServiceIsTold();
+};
+
+void SecureLinkTest::initTestCase()
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setCaCertificates(QSslCertificate::fromPath(QFINDTESTDATA("certificates/authority.pem")));
+    QVERIFY(!configuration.caCertificates().isEmpty());
+    QSslConfiguration::setDefaultConfiguration(configuration);
+}
+
+void SecureLinkTest::onlyAVerifiedServiceIsTold_data()
+{
+    QTest::addColumn<QString>("certificate");
+    QTest::addColumn<bool>("isGood");
+    QTest::newRow("good") << QFINDTESTDATA("certificates/good.pem") << true;
+    QTest::newRow("expired") << QFINDTESTDATA("certificates/expired.pem") << false;
+    QTest::newRow("signed by itself") << QFINDTESTDATA("certificates/selfsigned.pem") << false;
+    QTest::newRow("of another host") << QFINDTESTDATA("certificates/wronghost.pem") << false;
+}
+
+void SecureLinkTest::onlyAVerifiedServiceIsTold()
+{
+    QFETCH(QString, certificate);
+    QFETCH(bool, isGood);
+    SecureService service(certificate);
+    MApplicationWindow window;
+    window.show();
+    TestPage page;
+    page.appear(&window, MSceneWindow::KeepWhenDone);
+    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+    QVERIFY(finished.wait(10000));
+    QCOMPARE(finished.takeFirst().first().toBool(), isGood);
+    QCOMPARE(page.userID, isGood ? QStringLiteral("p12") : QString());
+
+    emit page.toggleButtons->buttonClicked(2);
+    QVERIFY(finished.wait(10000));
+    QCOMPARE(page.btnQuit->isVisible(), !isGood);
+    QCOMPARE(page.webView->url(), QUrl(QLatin1String(K_LINK_FRIENDS)));
+    QSignalSpy answered(page.nwAccessMgr, &QNetworkAccessManager::finished);
+    page.doSendMessage();
+    QVERIFY(answered.wait(10000));
+
+    page.webView->page()->mainFrame()->evaluateJavaScript(QStringLiteral("location = 'http://vantu.test/vantu/'"));
+    QVERIFY(finished.wait(10000));
+
+    QCOMPARE(service.inClear, QList<QByteArray>());
+    QCOMPARE(service.inSecret.contains("GET /vantu/friends HTTP/1.1"), isGood);
+    QCOMPARE(service.inSecret.isEmpty(), !isGood);
+}
+
+int main(int argc, char **argv)
+{
+    MApplication application(argc, argv);
+    SecureLinkTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_securelink.moc"
