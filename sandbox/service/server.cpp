@@ -4,12 +4,12 @@
 #include "site.h"
 
 #include <arpa/inet.h>
-#include <filesystem>
 #include <httplib.h>
 #include <iostream>
 #include <map>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -26,14 +26,22 @@ public:
 
     Taken enqueue(std::function<void()> task) override
     {
-        const std::lock_guard lock(m_mutex);
-        ++m_running;
-        std::thread([this, task = std::move(task)] {
+        {
+            const std::lock_guard lock(m_mutex);
+            ++m_running;
+        }
+        const auto serve = [this, task = std::move(task)] {
             task();
             const std::lock_guard lock(m_mutex);
             --m_running;
             m_ended.notify_all();
-        }).detach();
+        };
+        try {
+            std::thread(serve).detach();
+        } catch (const std::system_error &) {
+            // No thread to be had: the next visitor waits for this one.
+            serve();
+        }
         return Taken(true);
     }
     void shutdown() override
@@ -90,8 +98,7 @@ private:
     void look()
     {
         std::map<ino_t, Clock::time_point> open;
-        for (const auto &entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-            const int file = std::stoi(entry.path().filename());
+        for (int file = STDERR_FILENO + 1; file < getdtablesize(); ++file) {
             struct stat about { };
             int isListening = 0;
             socklen_t size = sizeof isListening;
