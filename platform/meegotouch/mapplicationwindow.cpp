@@ -39,6 +39,20 @@ bool activatesAgain(const QKeyEvent *event, const QGraphicsItem *focus)
     }
 }
 
+bool leadsBack(const QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    return event->key() == Qt::Key_Back || (event->key() == Qt::Key_Escape && modifiers == Qt::NoModifier)
+        || (event->key() == Qt::Key_Left && modifiers == Qt::AltModifier);
+}
+
+// Whether the list of a list box, which takes all keys for itself, has the focus.
+bool isInList(const QGraphicsItem *focus)
+{
+    const QGraphicsWidget *window = focus && focus->isWidget() ? static_cast<const QGraphicsWidget *>(focus) : nullptr;
+    return window && window->windowType() == Qt::Popup;
+}
+
 } // namespace
 
 MApplicationWindow::MApplicationWindow(QWidget *parent)
@@ -122,6 +136,14 @@ QSize MApplicationWindow::openingSize(const QSize &scene, const QSize &available
 bool MApplicationWindow::fillsScreen(const QSize &scene, const QSize &screen)
 {
     return screen.width() < screen.height() && screen.width() <= 1.25 * scene.width();
+}
+
+bool MApplicationWindow::event(QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress || !steer(static_cast<QKeyEvent *>(event)))
+        return QGraphicsView::event(event);
+    event->accept();
+    return true;
 }
 
 bool MApplicationWindow::viewportEvent(QEvent *event)
@@ -211,6 +233,29 @@ void MApplicationWindow::revealCursor()
     const QRect cursor = inputMethodQuery(Qt::ImCursorRectangle).toRectF().toAlignedRect();
     if (cursor.isValid())
         ensureVisible(mapToScene(cursor).boundingRect(), 0, MStyle::cursorMargin);
+}
+
+// Whether the key is the window's own.
+bool MApplicationWindow::steer(const QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Q && event->modifiers() == Qt::ControlModifier) {
+        close();
+        return true;
+    }
+    recallFocus();
+    QGraphicsItem *const focus = m_scene->focusItem();
+    if (m_onDisplay.isEmpty() || isInList(focus))
+        return false;
+    if (leadsBack(event)) {
+        if (!event->isAutoRepeat())
+            emit backKeyPressed(m_onDisplay.last());
+        return true;
+    }
+    // From the item that has the focus, Tab finds its way by itself: an editor or a web page may use it first.
+    if (focus || (event->key() != Qt::Key_Tab && event->key() != Qt::Key_Backtab))
+        return false;
+    emit tabKeyPressed(m_onDisplay.last(), event->key() == Qt::Key_Tab);
+    return true;
 }
 
 void MApplicationWindow::forwardKey(QKeyEvent *event)

@@ -14,6 +14,9 @@ class QGraphicsWidget;
 
 /// The window of an application: shows one scene of a phone's size, whatever the size of the window.
 ///
+/// Some keys are the window's own, before anything in it sees them: Ctrl and Q closes it, the keys that lead back go to
+/// the topmost scene window, and Tab moves the focus in that one.
+///
 /// It opens with one scene pixel a screen pixel, or smaller where the screen is, and on a phone's screen as the whole
 /// of it; resized, it scales the scene with its aspect kept, centred on black. A software keyboard changes nothing in
 /// the scale: it covers a part of the scene, of which the text cursor stays in view. Key presses that no item of the
@@ -52,10 +55,15 @@ public:
     qreal visibleHeight() const;
 
 signals:
+    /// A key that leads back (Escape, Alt and Left, Back) was pressed; it is for @p topmost, a scene window.
+    void backKeyPressed(QGraphicsWidget *topmost);
+    /// Tab, or Backtab for not @p next, was pressed with the focus nowhere; it is for @p topmost, a scene window.
+    void tabKeyPressed(QGraphicsWidget *topmost, bool next);
     /// The window is being destroyed, with all that its scene still holds then.
     void closing();
 
 protected:
+    bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -70,6 +78,7 @@ private:
     void makeRoomForKeyboard();
     int heightUnderKeyboard() const;
     void revealCursor();
+    bool steer(const QKeyEvent *event);
     void forwardKey(QKeyEvent *event);
     void recallFocus();
 

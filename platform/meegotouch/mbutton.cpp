@@ -4,12 +4,12 @@
 #include "maccessibility.h"
 #include "mbuttongroup.h"
 #include "mfittedfont.h"
+#include "mfocusring.h"
 #include "mstyle.h"
 
 #include <QEvent>
 #include <QFocusEvent>
 #include <QFontMetricsF>
-#include <QGraphicsPathItem>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QLinearGradient>
@@ -244,15 +244,14 @@ void MButton::showFocusRing(bool shown)
         m_focusRing = nullptr;
         return;
     }
-    if (!m_focusRing) {
-        m_focusRing = new QGraphicsPathItem(this);
-        m_focusRing->setAcceptedMouseButtons(Qt::NoButton);
-        m_focusRing->setPen(QPen(MStyle::accent, MStyle::focusRingWidth));
-    }
-    const qreal inset = MStyle::focusRingWidth / 2;
-    QPainterPath path;
-    path.addRoundedRect(rect().adjusted(inset, inset, -inset, -inset), MStyle::buttonRadius, MStyle::buttonRadius);
-    m_focusRing->setPath(path);
+    if (!m_focusRing)
+        m_focusRing = new MFocusRing(this);
+    m_focusRing->surround(rect(), cornerRadius());
+}
+
+qreal MButton::cornerRadius() const
+{
+    return MStyle::buttonRadius;
 }
 
 QSizeF MButton::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const

@@ -9,7 +9,7 @@
 
 class MButtonGroup;
 class MButtonModel;
-class QGraphicsPathItem;
+class MFocusRing;
 
 /// A push button for thumb, mouse and keyboard. A press inside holds it down, a release inside clicks it; a press that
 /// leaves it comes up and does not click. Space and Return click it while it has the keyboard focus, which it takes by
@@ -80,6 +80,9 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
 
+    /// The radius of the corners, which the focus ring goes round.
+    virtual qreal cornerRadius() const;
+
 private:
     friend class MButtonGroup;
 
@@ -98,7 +101,7 @@ private:
     QFont m_fittedFont;
     bool m_fitted = false;
     QPointer<MButtonGroup> m_group;
-    QGraphicsPathItem *m_focusRing = nullptr; // a child item
+    MFocusRing *m_focusRing = nullptr; // a child item
     bool m_down = false;
     bool m_checkable = false;
     bool m_checked = false;

@@ -26,6 +26,11 @@ void MCloseButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
     painter->restore();
 }
 
+qreal MCloseButton::cornerRadius() const
+{
+    return rect().height() / 2;
+}
+
 QSizeF MCloseButton::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
 {
     if (which == Qt::PreferredSize)

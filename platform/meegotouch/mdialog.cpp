@@ -207,10 +207,6 @@ void MDialog::keyPressEvent(QKeyEvent *event)
     if (event->isAutoRepeat())
         return;
     switch (event->key()) {
-    case Qt::Key_Escape:
-    case Qt::Key_Back:
-        reject();
-        break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Select:

@@ -59,6 +59,7 @@ protected:
     void arrange();
 
     bool event(QEvent *event) override;
+    void backAsked() override { reject(); }
     void entering() override;
     void leaving() override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 // An item of no opacity at all would not be found under a finger.
@@ -45,6 +46,14 @@ void MSceneWindow::appear(MApplicationWindow *window, DeletionPolicy policy)
         if (m_window)
             disconnect(m_window, nullptr, this, nullptr);
         connect(window, &MApplicationWindow::closing, this, &MSceneWindow::leaveClosingWindow);
+        connect(window, &MApplicationWindow::backKeyPressed, this, [this](const QGraphicsWidget *topmost) {
+            if (topmost == this)
+                backAsked();
+        });
+        connect(window, &MApplicationWindow::tabKeyPressed, this, [this](const QGraphicsWidget *topmost, bool next) {
+            if (topmost == this)
+                focusNextPrevChild(next);
+        });
     }
     m_window = window;
     m_onDisplay = true;
@@ -121,10 +130,16 @@ QVector<QGraphicsWidget *> MSceneWindow::tabStops(const QGraphicsItem *parent)
         if (!child->isVisible() || !child->isEnabled())
             continue;
         auto *widget = child->isWidget() ? static_cast<QGraphicsWidget *>(child) : nullptr;
-        if (widget && widget->focusPolicy() & Qt::TabFocus)
+        // Where a child has the focus in its stead, that one is the stop.
+        if (widget && widget->focusPolicy() != Qt::NoFocus && !widget->focusProxy())
             stops.append(widget);
         stops += tabStops(child);
     }
+    std::stable_sort(stops.begin(), stops.end(), [](const QGraphicsWidget *one, const QGraphicsWidget *other) {
+        const QPointF left = one->scenePos();
+        const QPointF right = other->scenePos();
+        return std::make_pair(left.y(), left.x()) < std::make_pair(right.y(), right.x());
+    });
     return stops;
 }
 
@@ -139,6 +154,8 @@ bool MSceneWindow::focusNextPrevChild(bool next)
     int to = next ? 0 : count - 1;
     if (focused != stops.end())
         to = (int(focused - stops.begin()) + (next ? 1 : count - 1)) % count;
-    stops[to]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    // An embedded editor that is not for Tab would not take the focus for Tab's reasons.
+    const bool isForTab = stops[to]->focusPolicy() & Qt::TabFocus;
+    stops[to]->setFocus(!isForTab ? Qt::OtherFocusReason : next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
 }

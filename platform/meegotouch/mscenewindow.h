@@ -58,7 +58,11 @@ signals:
     void disappeared();
 
 protected:
-    /// The visible, enabled widgets below @p parent that Tab stops at, in the order of adding; none below null.
+    /// Called for the keys that lead back (Escape, Alt and Left, Back) while it is the topmost.
+    virtual void backAsked() { }
+
+    /// The visible, enabled widgets below @p parent that Tab stops at, in the order of reading; none below null. What
+    /// takes the focus by a click only is one of them: whoever has no mouse needs it just as well.
     static QVector<QGraphicsWidget *> tabStops(const QGraphicsItem *parent);
 
     /// Tab goes round and round inside: what lies outside is covered.

@@ -60,6 +60,10 @@ inline constexpr qreal dragThreshold = 10;
 inline constexpr QColor accent{39, 140, 194};
 inline constexpr qreal disabledOpacity = 0.4;
 inline constexpr qreal focusRingWidth = 2;
+inline constexpr qreal focusRingEdgeWidth = 1.5;
+inline constexpr qreal focusRingAir = 1;
+inline constexpr QColor focusRing{120, 210, 255};
+inline constexpr QColor focusRingEdge{0, 32, 52};
 
 inline constexpr qreal buttonRadius = 7;
 inline constexpr qreal buttonTextMargin = 10;

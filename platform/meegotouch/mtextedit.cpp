@@ -301,7 +301,7 @@ void MTextEdit::showMenu()
 
 QVariant MTextEdit::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    // Hidden with the focus, the editor would hand it on to the next button, which Return then clicks.
+    // The editor has it, on the field's behalf.
     if (change == ItemVisibleChange && !value.toBool() && hasFocus())
         m_proxy->clearFocus();
     return MWidget::itemChange(change, value);

@@ -28,6 +28,9 @@ MWidget::MWidget(QGraphicsItem *parent)
 
 QVariant MWidget::itemChange(GraphicsItemChange change, const QVariant &value)
 {
+    // Hidden with the focus, it would hand it on to the next one, which Return then clicks.
+    if (change == ItemVisibleChange && !value.toBool() && hasFocus())
+        clearFocus();
     if (change == ItemSceneHasChanged)
         updateGeometry();
     else if (change == ItemVisibleHasChanged)

@@ -110,8 +110,8 @@ private slots:
         QCOMPARE(witness->pressed, single ? QVector<int>{Qt::Key_Return} : QVector<int>());
         QCOMPARE(returned.count(), single ? 1 : 0);
         QCOMPARE(edit->text(), single ? QStringLiteral("a") : QStringLiteral("a\n"));
-        QTest::keyClick(&stage.window, Qt::Key_Escape);
-        QCOMPARE(witness->pressed.count(Qt::Key_Escape), 1);
+        QTest::keyClick(&stage.window, Qt::Key_F5);
+        QCOMPARE(witness->pressed.count(Qt::Key_F5), 1);
     }
 
     void contentTypeChoosesTheKeys_data()
