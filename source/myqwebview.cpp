@@ -3,6 +3,8 @@
 
 #include "quietpage.h"
 
+#include "mfocusring.h"
+
 #include <QApplication>
 #include <QGraphicsSceneWheelEvent>
 #include <QKeyEvent>
@@ -46,7 +48,10 @@ MyQWebView::MyQWebView()
     initDrag();
     connect(this, &QGraphicsWebView::loadFinished, this, [this](bool ok) { m_isEmpty = m_isEmpty && !ok; });
     // A page is shown from the first of the two on, or, where scripts are off, from some time before the second.
-    const auto countPage = [this] { ++m_contentNumber; };
+    const auto countPage = [this] {
+        ++m_contentNumber;
+        m_isFocusInside = false;
+    };
     connect(page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this, countPage);
     connect(this, &QGraphicsWebView::loadFinished, this, countPage);
     connect(this, &QGraphicsWebView::titleChanged, this,
@@ -132,6 +137,14 @@ void MyQWebView::wheelEvent(QGraphicsSceneWheelEvent *event)
 
 void MyQWebView::keyPressEvent(QKeyEvent *event)
 {
+    if (m_doArrowsWalk && (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)) {
+        const bool isDown = event->key() == Qt::Key_Down;
+        // From the last link round to the first.
+        if (!moveFocusInside(isDown))
+            moveFocusInside(isDown);
+        event->accept();
+        return;
+    }
     const QPointer<MyQWebView> self(this);
     // Where presses do not reach the page, keys scroll it and no more: Return would follow a link.
     if (m_isEditable)
@@ -149,6 +162,64 @@ void MyQWebView::keyPressEvent(QKeyEvent *event)
         return;
     scrollPage(0, row->lines * K_PIXELS_PER_LINE + row->screens * screenful + row->pages * contents);
     event->accept();
+}
+
+/// In the page first; beyond its last link or field, and where the page does not hear of keys, on in the chrome. The
+/// page itself comes before all that is in it.
+bool MyQWebView::focusNextPrevChild(bool next)
+{
+    showFocusRing(true);
+    const bool isAhead = next || m_isFocusInside;
+    return (isAhead && moveFocusInside(next)) || QGraphicsWidget::focusNextPrevChild(next);
+}
+
+bool MyQWebView::moveFocusInside(bool next)
+{
+    m_isFocusInside = m_isEditable && QGraphicsWebView::focusNextPrevChild(next);
+    return m_isFocusInside;
+}
+
+void MyQWebView::focusInEvent(QFocusEvent *event)
+{
+    QGraphicsWebView::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        showFocusRing(true);
+    if (event->reason() == Qt::BacktabFocusReason)
+        moveFocusInside(false);
+}
+
+void MyQWebView::focusOutEvent(QFocusEvent *event)
+{
+    QGraphicsWebView::focusOutEvent(event);
+    showFocusRing(false);
+}
+
+void MyQWebView::resizeEvent(QGraphicsSceneResizeEvent *event)
+{
+    QGraphicsWebView::resizeEvent(event);
+    if (m_focusRing)
+        showFocusRing(true);
+}
+
+QVariant MyQWebView::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    // Hidden with the focus, it would hand it on to the next widget, which Return then clicks.
+    if (change == ItemVisibleChange && !value.toBool() && hasFocus())
+        clearFocus();
+    return QGraphicsWebView::itemChange(change, value);
+}
+
+void MyQWebView::showFocusRing(bool shown)
+{
+    if (!shown) {
+        delete m_focusRing;
+        m_focusRing = nullptr;
+        return;
+    }
+    if (!m_focusRing)
+        m_focusRing = new MFocusRing(this);
+    // In an invitation the page reaches below the screen.
+    m_focusRing->line(rect() & mapRectFromScene(scene()->sceneRect()));
 }
 
 void MyQWebView::scrollPage(int x, int y)

@@ -8,6 +8,7 @@
 
 #include <optional>
 
+class MFocusRing;
 class QTouchEvent;
 class QuietPage;
 
@@ -23,6 +24,9 @@ public:
 
     /// Whether presses and taps reach the page (the initial state). Otherwise the view can only be scrolled.
     void setEditable(bool editable);
+
+    /// Whether the arrow keys go from link to link. At first they scroll.
+    void setArrowsWalk(bool walk) { m_doArrowsWalk = walk; }
 
     /// Loads @p url and reports it as the address at once. Hides the base class's, which does the same but crashes
     /// where a picture is on display.
@@ -54,6 +58,11 @@ protected:
     void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
     void wheelEvent(QGraphicsSceneWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
 private:
     QuietPage *quietPage() const;
@@ -62,10 +71,15 @@ private:
     void touchEvent(QTouchEvent *event);
     void followFinger(const QTouchEvent *event);
     void scrollPage(int x, int y);
+    void showFocusRing(bool shown);
+    bool moveFocusInside(bool next);
 
     /// Setting an address has taken the last page down, and no other has come since.
     bool m_isEmpty = true;
     bool m_isEditable = true;
+    bool m_doArrowsWalk = false;
+    bool m_isFocusInside = false; ///< a link or field of the page has the focus, as far as is known here
+    MFocusRing *m_focusRing = nullptr; // a child item
     int m_contentNumber = 0;
     /// The script of the page keeps the touch on the screen for itself.
     bool m_isTouchTaken = false;

@@ -72,8 +72,10 @@ void MyQWebView::mousePressEvent(QGraphicsSceneMouseEvent *event)
     last_y = static_cast<int>(event->pos().y());
     accel_x = 0;
     accel_y = 0;
-    if (m_isEditable)
+    if (m_isEditable) {
+        m_isFocusInside = true; // Wherever it hits: Backtab has to look there.
         QGraphicsWebView::mousePressEvent(event);
+    }
 }
 
 void MyQWebView::mouseMoveEvent(QGraphicsSceneMouseEvent *event)

@@ -112,6 +112,8 @@ protected:
     /// Closes the keyboard when Return is released, and deliberately takes every event without the base class's help.
     bool event(QEvent *event) override;
     void gestureEvent(QGestureEvent *event) override;
+    /// Does what the visible way back does: stops picking a friend, or clicks Back or Cancel.
+    void backAsked() override;
 
     QString oldURL; ///< page to return to from a composer or an external sharing page
     QString userID; ///< signed-in player; empty before the sign-in

@@ -5,6 +5,7 @@
 #include "globaldefine.h"
 #include "interactrules.h"
 #include "mainwindow.h"
+#include "mybutton.h"
 #include "MyDbusService.h"
 #include "myqwebview.h"
 #include "servicerequests.h"
@@ -70,6 +71,16 @@ void VantuPage::on_SelectButtonClicked(int buttonId)
         load(QUrl(QLatin1String(K_LINK_EDIT_ACCOUNT) + QLatin1String("/edit")));
         break;
     }
+}
+
+void VantuPage::backAsked()
+{
+    if (isPickingFriend)
+        stopPicking();
+    else if (btnBack->isVisible())
+        btnBack->click();
+    else if (btnCancel->isVisible())
+        btnCancel->click();
 }
 
 void VantuPage::quitToGame()

@@ -44,6 +44,7 @@ void VantuPage::openSendMessagePage()
     btnCancel->show();
     setTitle(localized(TXT_SEND_MESSAGE), Qt::black);
     oldURL = webView->url().toString();
+    txtMessage->setFocus();
 }
 
 void VantuPage::closeSendMessagePage()
@@ -74,6 +75,8 @@ void VantuPage::on_btnAddAddressClicked()
     btnCancel->hide();
     webView->show();
     webView->setGeometry(QRectF(0, 0, g_nScreenWidth, g_nScreenHeight));
+    webView->setArrowsWalk(true);
+    webView->setFocus();
     load(QUrl(QLatin1String(K_LINK_FRIENDS)));
 }
 

@@ -201,6 +201,7 @@ void VantuPage::endPicking()
     wayOutTimer.stop();
     btnStopPicking->hide();
     webView->setEnabled(true);
+    webView->setArrowsWalk(false);
 }
 
 void VantuPage::bringComposerBack()
@@ -210,6 +211,8 @@ void VantuPage::bringComposerBack()
     txtMessage->show();
     btnSend->show();
     btnCancel->show();
+    if (!focusItem() || focusItem() == webView)
+        txtMessage->setFocus();
     webView->hide();
     webView->setGeometry(webViewRect()); // However it comes back, it must not cover the header.
 }

@@ -257,6 +257,44 @@ private slots:
         QVERIFY(page.progressIndicator->isVisible());
     }
 
+    void keysWriteAndPick()
+    {
+        Portal portal;
+        TestPage &page = *portal.page;
+        const auto press = [&portal](Qt::Key key) { QTest::keyClick(&portal.window, key); };
+        QVERIFY(QTest::qWaitForWindowActive(&portal.window));
+        portal.loadPage(QStringLiteral("/vantu/messages/index"));
+        portal.service.answer(QStringLiteral("/vantu/account/index/uid/p3"), {TestService::page(ANN)});
+        const QByteArray list = "<a href='/vantu/info/'>x</a><br><a href='/vantu/account/index/uid/p3'>Ann</a>";
+        portal.service.answer(QStringLiteral("/vantu/friends"), {list});
+        press(Qt::Key_Tab);
+        QVERIFY(page.btnNewMessage->hasFocus());
+        press(Qt::Key_Return);
+        QCOMPARE(page.state, SendMessageState);
+        QTest::keyClicks(&portal.window, QStringLiteral("Hi"));
+        QCOMPARE(page.txtMessage->text(), QStringLiteral("Hi"));
+
+        press(Qt::Key_Backtab); // to the add button
+        press(Qt::Key_Return);
+        QVERIFY(page.isPickingFriend && page.webView->hasFocus());
+        QTRY_VERIFY(!page.progressIndicator->isVisible());
+        press(Qt::Key_Up); // round to the last
+        press(Qt::Key_Return);
+        QTRY_COMPARE(page.addrWidget->getAllAddress(), QStringList(QStringLiteral("p3")));
+
+        press(Qt::Key_Backtab);
+        press(Qt::Key_Backtab);
+        press(Qt::Key_Return);
+        QVERIFY(page.isPickingFriend);
+        press(Qt::Key_Escape);
+        QVERIFY(page.addrWidget->isVisible() && !page.webView->isVisible());
+        QTest::keyClicks(&portal.window, QStringLiteral("!"));
+        QCOMPARE(page.txtMessage->text(), QStringLiteral("Hi!"));
+        QTest::keyClick(&portal.window, Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(page.state, Normal);
+        QVERIFY2(!portal.window.scene()->focusItem(), "what is hidden has given up the focus");
+    }
+
     void failedPickBringsTheComposerBack()
     {
         Portal portal;

@@ -32,6 +32,7 @@ public:
     using VantuPage::btnStopPicking;
     using VantuPage::gestureEvent;
     using VantuPage::isInFriendSelectionScreen;
+    using VantuPage::isPickingFriend;
     using VantuPage::lblSubject;
     using VantuPage::lblWebTitle;
     using VantuPage::mdlInteractModel;
