@@ -113,28 +113,21 @@ bool overwrite(int file, const QByteArray &contents)
         && ftruncate(file, contents.size()) == 0 && fsync(file) == 0;
 }
 
-} // namespace
-
-QString loginFilePath()
+QByteArray records(const StoredLogin &login)
 {
-    return QFile::decodeName(K_LOGIN_FILE);
-}
-
-QByteArray loginRecords(const StoredLogin &login)
-{
-    QByteArray records;
-    QDataStream out(&records, QIODevice::WriteOnly);
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setByteOrder(QDataStream::LittleEndian);
     out << K_RECORD_COUNT;
     writeRecord(out, login.username);
     writeRecord(out, login.password);
     writeRecord(out, login.rememberMe);
-    return records;
+    return bytes;
 }
 
-std::optional<StoredLogin> parseLoginRecords(const QByteArray &records)
+std::optional<StoredLogin> parseRecords(const QByteArray &bytes)
 {
-    QDataStream in(records);
+    QDataStream in(bytes);
     in.setByteOrder(QDataStream::LittleEndian);
     qint32 count = 0;
     in >> count;
@@ -145,8 +138,33 @@ std::optional<StoredLogin> parseLoginRecords(const QByteArray &records)
     return login;
 }
 
-bool writeLoginFile(const QString &path, const QByteArray &contents)
+QByteArray readFile(const QString &path)
 {
+    // Non-blocking: opening a pipe that nobody writes to would otherwise wait for ever.
+    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    QFile file;
+    struct stat status = {};
+    if (descriptor == -1 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)
+        || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return file.read(K_FILE_MAX);
+}
+
+} // namespace
+
+QString loginFilePath()
+{
+    return QFile::decodeName(K_LOGIN_FILE);
+}
+
+std::optional<StoredLogin> loadLogin(const QString &path)
+{
+    return parseRecords(readFile(path));
+}
+
+bool storeLogin(const QString &path, const StoredLogin &login)
+{
+    const QByteArray contents = records(login);
     const QString target = linkTarget(path);
     const int existing = open(QFile::encodeName(target).constData(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     // Deliberately left alone when it may not be written, although its folder would let it be replaced.
@@ -162,19 +180,7 @@ bool writeLoginFile(const QString &path, const QByteArray &contents)
     return isWritten;
 }
 
-QByteArray readLoginFile(const QString &path)
-{
-    // Non-blocking: opening a pipe that nobody writes to would otherwise wait for ever.
-    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    QFile file;
-    struct stat status = {};
-    if (descriptor == -1 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)
-        || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
-        return {};
-    return file.read(K_FILE_MAX);
-}
-
-bool clearLoginFile(const QString &path)
+bool forgetLogin(const QString &path)
 {
     const int descriptor = open(QFile::encodeName(path).constData(),
                                 O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, S_IRUSR | S_IWUSR);

@@ -5,12 +5,12 @@
 
 void VantuPage::saveUserLogin()
 {
-    writeLoginFile(loginFilePath(), loginRecords({_username, _password, _rememberMe}));
+    storeLogin(loginFilePath(), {_username, _password, _rememberMe});
 }
 
 void VantuPage::readUserLogin()
 {
-    const auto login = parseLoginRecords(readLoginFile(loginFilePath()));
+    const auto login = loadLogin(loginFilePath());
     if (!login)
         return;
     _username = login->username;
@@ -20,5 +20,5 @@ void VantuPage::readUserLogin()
 
 void VantuPage::clearUserLogin()
 {
-    clearLoginFile(loginFilePath());
+    forgetLogin(loginFilePath());
 }

@@ -18,6 +18,16 @@ QByteArray contentsOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
+bool store(const QString &path, const char *name)
+{
+    return storeLogin(path, {QString::fromLatin1(name), QString(), QString()});
+}
+
+QString stored(const QString &path)
+{
+    return loadLogin(path).value_or(StoredLogin{}).username;
+}
+
 /// While it lives, this process cannot write a single byte to a file, as on a full disk.
 class FullDisk {
 public:
@@ -81,10 +91,12 @@ private slots:
 
     void recordsByteForByte()
     {
-        QCOMPARE(loginRecords({QStringLiteral("alice"), QStringLiteral("secret1234"), QStringLiteral("1")}).toHex(),
+        QVERIFY(storeLogin(path(), {QStringLiteral("alice"), QStringLiteral("secret1234"), QStringLiteral("1")}));
+        QCOMPARE(contentsOf(path()).toHex(),
                  QByteArray("03000000 05000000 080f0c1910 0a000000 514053431b081e061002 01000000 40").replace(' ', ""));
         // Equal letters eight places apart scramble to zero, and an empty text is its length alone.
-        QCOMPARE(loginRecords({QString(9, QLatin1Char('q')), QString(), QString()}).toHex(),
+        QVERIFY(storeLogin(path(), {QString(9, QLatin1Char('q')), QString(), QString()}));
+        QCOMPARE(contentsOf(path()).toHex(),
                  QByteArray("03000000 09000000 0010031e1c1d140400 00000000 00000000").replace(' ', ""));
     }
 
@@ -112,8 +124,8 @@ private slots:
     void storedText()
     {
         QFETCH(QString, text);
-        QVERIFY(writeLoginFile(path(), loginRecords({text, QStringLiteral("between"), text})));
-        const auto login = parseLoginRecords(readLoginFile(path()));
+        QVERIFY(storeLogin(path(), {text, QStringLiteral("between"), text}));
+        const auto login = loadLogin(path());
         QVERIFY(login.has_value());
         QTEST(login->username, "stored");
         QCOMPARE(login->password, QStringLiteral("between"));
@@ -126,7 +138,6 @@ private slots:
         const auto row
             = [](const char *name, const char *digits) { QTest::newRow(name) << QByteArray::fromHex(digits); };
         const QByteArray sound = QByteArray::fromHex("03000000 01000000 10 01000000 10 00000000");
-        QVERIFY(parseLoginRecords(sound).has_value());
         for (int length = 0; length < sound.size(); ++length)
             QTest::addRow("cut to %d bytes", length) << sound.left(length);
         row("other count", "02000000 01000000 10 01000000 10 00000000");
@@ -139,15 +150,16 @@ private slots:
     void damagedFileIsNoLogin()
     {
         QFETCH(QByteArray, contents);
-        QVERIFY(writeLoginFile(path(), contents));
-        QVERIFY(!parseLoginRecords(readLoginFile(path())).has_value());
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush());
+        QVERIFY(!loadLogin(path()).has_value());
     }
 
     void whatFollowsDoesNotMatter()
     {
-        QVERIFY(writeLoginFile(path(), loginRecords({QStringLiteral("u"), QStringLiteral("p"), QStringLiteral("1")})));
+        QVERIFY(storeLogin(path(), {QStringLiteral("u"), QStringLiteral("p"), QStringLiteral("1")}));
         QVERIFY(QFile::resize(path(), 1LL << 40));
-        const auto login = parseLoginRecords(readLoginFile(path()));
+        const auto login = loadLogin(path());
         QVERIFY(login.has_value());
         QCOMPARE(login->password, QStringLiteral("p"));
     }
@@ -156,25 +168,25 @@ private slots:
     {
         QTest::addColumn<int>("file");
         QTest::addColumn<int>("folder");
-        QTest::addColumn<QByteArray>("afterwards");
-        QTest::newRow("file for reading only") << 0444 << 0777 << QByteArray("old contents");
-        QTest::newRow("folder for reading only") << 0666 << 0555 << QByteArray("new");
-        QTest::newRow("both for reading only") << 0444 << 0555 << QByteArray("old contents");
+        QTest::addColumn<QString>("afterwards");
+        QTest::newRow("file for reading only") << 0444 << 0777 << QStringLiteral("old");
+        QTest::newRow("folder for reading only") << 0666 << 0555 << QStringLiteral("new");
+        QTest::newRow("both for reading only") << 0444 << 0555 << QStringLiteral("old");
     }
     void permissionsAreRespected()
     {
         QFETCH(int, file);
         QFETCH(int, folder);
-        QVERIFY(writeLoginFile(path(), "old contents"));
+        QVERIFY(store(path(), "old"));
         QVERIFY(QFile::link(path(), path("link")));
         chmod(QFile::encodeName(path()).constData(), static_cast<mode_t>(file));
         chmod(QFile::encodeName(m_folder->path()).constData(), static_cast<mode_t>(folder));
         {
             const Unprivileged user;
-            writeLoginFile(path("link"), "new");
+            store(path("link"), "new");
         }
         chmod(QFile::encodeName(m_folder->path()).constData(), 0700);
-        QTEST(contentsOf(path()), "afterwards");
+        QTEST(stored(path()), "afterwards");
         QVERIFY(QFileInfo(path("link")).isSymLink());
     }
 
@@ -182,7 +194,7 @@ private slots:
     {
         for (const char *name : {"login.saving-AbCdEf", "login.backup", "other.saving-AbCdEf"})
             QVERIFY(QFile(path(name)).open(QIODevice::WriteOnly));
-        QVERIFY(writeLoginFile(path(), "new"));
+        QVERIFY(store(path(), "new"));
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files),
                  (QStringList{QStringLiteral("login"), QStringLiteral("login.backup"),
                               QStringLiteral("other.saving-AbCdEf")}));
@@ -193,8 +205,8 @@ private slots:
         const mode_t previous = umask(0);
         QFile old(path());
         QVERIFY(old.open(QIODevice::WriteOnly));
-        QVERIFY(writeLoginFile(path(), "new"));
-        QVERIFY(clearLoginFile(path("cleared")));
+        QVERIFY(store(path(), "new"));
+        QVERIFY(forgetLogin(path("cleared")));
         umask(previous);
         for (const char *name : {"login", "cleared"}) {
             struct stat status;
@@ -205,19 +217,19 @@ private slots:
 
     void fileIsReplacedWholeOrNotAtAll()
     {
-        QVERIFY(writeLoginFile(path(), "old"));
+        QVERIFY(store(path(), "old"));
         {
             const FullDisk disk;
-            QVERIFY(!writeLoginFile(path(), "new"));
+            QVERIFY(!store(path(), "new"));
         }
-        QCOMPARE(contentsOf(path()), QByteArray("old"));
-        QVERIFY(writeLoginFile(path(), "new"));
-        QCOMPARE(contentsOf(path()), QByteArray("new"));
-        QVERIFY(clearLoginFile(path()));
+        QCOMPARE(stored(path()), QStringLiteral("old"));
+        QVERIFY(store(path(), "new"));
+        QCOMPARE(stored(path()), QStringLiteral("new"));
+        QVERIFY(forgetLogin(path()));
         QCOMPARE(contentsOf(path()), QByteArray());
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList(QStringLiteral("login")));
-        QVERIFY(!writeLoginFile(path("missing/login"), "new"));
-        QVERIFY(!clearLoginFile(path("missing/login")));
+        QVERIFY(!store(path("missing/login"), "new"));
+        QVERIFY(!forgetLogin(path("missing/login")));
     }
 
     void linkIsFollowed()
@@ -226,8 +238,8 @@ private slots:
         QVERIFY(QFile::link(path("target"), path("between")));
         QVERIFY(QFile::link(path("between"), path()));
         for (const char *contents : {"first", "second"}) {
-            QVERIFY(writeLoginFile(path(), contents));
-            QCOMPARE(contentsOf(path("target")), QByteArray(contents));
+            QVERIFY(store(path(), contents));
+            QCOMPARE(stored(path("target")), QString::fromLatin1(contents));
         }
         QVERIFY(QFileInfo(path()).isSymLink() && QFileInfo(path("between")).isSymLink());
     }
@@ -245,10 +257,10 @@ private slots:
         QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
         const bool existed = QFileInfo::exists(name);
-        QCOMPARE(readLoginFile(name), QByteArray());
+        QVERIFY(!loadLogin(name).has_value());
         QCOMPARE(QFileInfo::exists(name), existed);
         if (existed && !QFileInfo(name).isFile()) {
-            QVERIFY(!writeLoginFile(name, "new"));
+            QVERIFY(!store(name, "new"));
             QVERIFY(!QFileInfo(name).isFile());
         }
     }

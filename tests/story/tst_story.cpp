@@ -148,8 +148,7 @@ void StoryTest::isPlayedAndLasts()
     QVERIFY(sender.output.mid(home, sender.output.indexOf('\n', home) - home).contains(unread.first().toUtf8()));
     checkSender(world, code);
     checkDatabase(world);
-    const QByteArray stored = readLoginFile(world.file(L1("vantu_Torvane.dat")));
-    const auto login = parseLoginRecords(stored);
+    const auto login = loadLogin(world.file(L1("vantu_Torvane.dat")));
     QVERIFY(login);
     QCOMPARE(login->username, Story::playerName);
     QVERIFY(!login->rememberMe.isEmpty());
@@ -159,7 +158,7 @@ void StoryTest::isPlayedAndLasts()
     QCOMPARE(recipient.heard(), QStringList(QUIT));
     const QStringList signedIn = world.service.log().filter(L1("&username=emma&pass=***&remember_me=1&"));
     QCOMPARE(signedIn.size(), 1);
-    QCOMPARE(readLoginFile(world.file(L1("vantu_Torvane.dat"))), stored);
+    QCOMPARE(loadLogin(world.file(L1("vantu_Torvane.dat")))->password, login->password);
     if (withPictures)
         checkPictures(world);
 }
