@@ -7,11 +7,14 @@ build_packages=(
     g++ cmake ninja-build pkgconf
     qtbase5-dev qtbase5-private-dev qttranslations5-l10n libqt5webkit5-dev qtsystems5-dev
     libcpp-httplib-dev libctemplate-dev libsqlitecpp-dev libcli11-dev libutfcpp-dev libssl-dev
+    libglib2.0-dev python3-dbus python3-gi
     dbus-daemon dbus-bin fonts-liberation2 fonts-dejavu-core
 )
 # What a run on a machine without a display needs on top.
 display_packages=(xvfb)
 format_packages=(clang-format)
+# What looks at the Debian packages.
+package_packages=(file lintian desktop-file-utils appstream)
 
 package_installed() {
     dpkg-query --show --showformat '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed

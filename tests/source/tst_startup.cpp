@@ -22,7 +22,7 @@ public:
     /// Its requests go to whatever is the application-wide proxy here.
     explicit Companion(const QStringList &arguments, quint16 proxyPort = QNetworkProxy::applicationProxy().port(),
                        const QString &busAddress = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
-                       bool hasDisplay = true)
+                       bool hasDisplay = true, const QString &program = QStringLiteral(COMPANION_PROGRAM))
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("http_proxy"), QStringLiteral("http://127.0.0.1:%1").arg(proxyPort));
@@ -34,7 +34,7 @@ public:
         }
         setProcessEnvironment(environment);
         setWorkingDirectory(folder.path());
-        start(QStringLiteral(COMPANION_PROGRAM), arguments);
+        start(program, arguments);
     }
     ~Companion() override
     {
@@ -178,6 +178,31 @@ private slots:
         QCOMPARE(output.count("EnTask\n"), 1);
         QCOMPARE(game.calls.size(), 1);
         QCOMPARE(game.calls.first().arguments(), QVariantList{QStringLiteral("QUIT")});
+    }
+
+    void exampleGamesHear_data()
+    {
+        QTest::addColumn<QString>("game");
+        for (const QString &game : QStringLiteral(EXAMPLE_GAMES).split(QLatin1Char('|')))
+            QTest::newRow(qPrintable(QFileInfo(game).fileName())) << game;
+    }
+    void exampleGamesHear()
+    {
+        QFETCH(QString, game);
+        const TestService service;
+        Companion process(QStringList(QStringLiteral(COMPANION_PROGRAM)) + plain,
+                          QNetworkProxy::applicationProxy().port(), qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
+                          true, game);
+        QVERIFY(requestsStartPage(service));
+        QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(process.processId()));
+        QVERIFY(children.open(QIODevice::ReadOnly));
+        const auto companion = static_cast<pid_t>(children.readAll().trimmed().toLongLong());
+        QVERIFY(companion > 0);
+        kill(companion, SIGTERM);
+        QVERIFY(process.ends());
+        QCOMPARE(process.exitCode(), 0);
+        const QByteArray output = process.readAllStandardOutput();
+        QVERIFY2(output.contains("heard QUIT\n") && output.contains("call ok") && output.endsWith("ended 0\n"), output);
     }
 
     void runsWithoutNetwork()
