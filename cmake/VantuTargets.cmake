@@ -7,10 +7,15 @@ if(VANTU_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Headers of packages are system headers. Warnings are errors in the presets of developers only
-# (CMAKE_COMPILE_WARNING_AS_ERROR), so that a newer compiler stops nobody's build.
+# Warnings are errors where developers look at them; a packager's newer compiler stops no build. Headers of packages are
+# system headers.
+if(CMAKE_BUILD_TYPE STREQUAL Debug)
+    option(VANTU_WARNINGS_ARE_ERRORS "Stop the build at a warning" ON)
+else()
+    option(VANTU_WARNINGS_ARE_ERRORS "Stop the build at a warning" OFF)
+endif()
 function(vantu_target target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic $<$<BOOL:${VANTU_WARNINGS_ARE_ERRORS}>:-Werror>)
 endfunction()
 
 # A target on Qt: the meta-object compiler, and no silent crossing between bytes and text.
