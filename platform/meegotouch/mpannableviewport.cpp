@@ -5,6 +5,7 @@
 #include "mstyle.h"
 
 #include <QEvent>
+#include <QGraphicsLayout>
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
