@@ -137,6 +137,94 @@ void MButton::click()
         emit clicked(m_checked);
 }
 
+/// Where the button reacts: as large as a thumb if there is room.
+QRectF MButton::reactiveArea() const
+{
+    const qreal across = qMax<qreal>(0, MStyle::reactiveSize - size().width()) / 2;
+    const qreal down = qMax<qreal>(0, MStyle::reactiveSize - size().height()) / 2;
+    QRectF area = rect().adjusted(-across, -down, across, down);
+    if (!m_margin || !parentItem())
+        return area;
+    const auto siblings = parentItem()->childItems();
+    for (QGraphicsItem *item : siblings) {
+        const auto *button = dynamic_cast<const MButton *>(item);
+        if (!button || button == this || !button->isVisible())
+            continue;
+        const QRectF other = button->geometry().translated(-pos());
+        // Buttons that share a place have no middle between them.
+        if (other.left() >= rect().right())
+            area.setRight(qMin(area.right(), (rect().right() + other.left()) / 2));
+        else if (other.right() <= 0)
+            area.setLeft(qMax(area.left(), other.right() / 2));
+        else if (other.top() >= rect().bottom())
+            area.setBottom(qMin(area.bottom(), (rect().bottom() + other.top()) / 2));
+        else if (other.bottom() <= 0)
+            area.setTop(qMax(area.top(), other.bottom() / 2));
+    }
+    return area;
+}
+
+/// An item of its own: what is drawn, placed and measured is the button alone.
+class MButton::Margin : public QGraphicsItem {
+public:
+    explicit Margin(MButton *button)
+        : QGraphicsItem(button)
+        , m_button(button)
+    {
+        setFlag(ItemStacksBehindParent);
+        setAcceptedMouseButtons(Qt::LeftButton);
+    }
+
+    void fit()
+    {
+        prepareGeometryChange();
+        constexpr qreal reach = MStyle::reactiveSize / 2;
+        m_bounds = m_button->rect().adjusted(-reach, -reach, reach, reach);
+    }
+
+    QRectF boundingRect() const override { return m_bounds; }
+
+    QPainterPath shape() const override
+    {
+        QPainterPath path;
+        path.addRect(m_button->reactiveArea());
+        return path;
+    }
+
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override { }
+
+protected:
+    bool sceneEvent(QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::GraphicsSceneMousePress:
+        case QEvent::GraphicsSceneMouseDoubleClick:
+        case QEvent::GraphicsSceneMouseMove:
+        case QEvent::GraphicsSceneMouseRelease:
+        case QEvent::UngrabMouse:
+            return m_button->sceneEvent(event); // in the same coordinates
+        default:
+            return QGraphicsItem::sceneEvent(event);
+        }
+    }
+
+private:
+    MButton *m_button;
+    QRectF m_bounds;
+};
+
+void MButton::fitMargin()
+{
+    if (size().width() >= MStyle::reactiveSize && size().height() >= MStyle::reactiveSize) {
+        delete m_margin;
+        m_margin = nullptr;
+        return;
+    }
+    if (!m_margin)
+        m_margin = new Margin(this);
+    m_margin->fit();
+}
+
 void MButton::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     event->accept();
@@ -146,7 +234,7 @@ void MButton::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 void MButton::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    const bool inside = rect().contains(event->pos());
+    const bool inside = reactiveArea().contains(event->pos());
     if (!m_mousePressed || inside == m_down)
         return;
     if (inside) {
@@ -159,7 +247,7 @@ void MButton::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void MButton::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (m_mousePressed && m_down && rect().contains(event->pos()))
+    if (m_mousePressed && m_down && reactiveArea().contains(event->pos()))
         click();
     else
         cancelPress();
@@ -232,6 +320,7 @@ void MButton::resizeEvent(QGraphicsSceneResizeEvent *event)
 {
     MWidget::resizeEvent(event);
     m_fitted = false;
+    fitMargin();
     if (m_focusRing)
         showFocusRing(true);
 }

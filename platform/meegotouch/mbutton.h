@@ -15,6 +15,8 @@ class MFocusRing;
 /// leaves it comes up and does not click. Space and Return click it while it has the keyboard focus, which it takes by
 /// Tab only, so that a tap leaves the focus (and the software keyboard) where it is.
 ///
+/// What is drawn smaller than a thumb reacts around it too, as far as halfway to the next button.
+///
 /// A text that is too wide is drawn with narrower letters, then elided at its right end. Every signal's receiver may
 /// delete the button. Subclasses that paint themselves are repainted whenever isDown() or isChecked() changes; the
 /// focus ring is drawn over them.
@@ -85,11 +87,14 @@ protected:
 
 private:
     friend class MButtonGroup;
+    class Margin;
 
     void init();
     void press();
     void cancelPress();
     bool staysChecked() const;
+    QRectF reactiveArea() const;
+    void fitMargin();
     void drawFrame(QPainter *painter) const;
     void drawText(QPainter *painter);
     void fitText(qreal width);
@@ -102,6 +107,7 @@ private:
     bool m_fitted = false;
     QPointer<MButtonGroup> m_group;
     MFocusRing *m_focusRing = nullptr; // a child item
+    Margin *m_margin = nullptr; // a child item, while the button is smaller than a thumb
     bool m_down = false;
     bool m_checkable = false;
     bool m_checked = false;

@@ -50,7 +50,7 @@ inline constexpr qreal listPadding = 8;
 inline constexpr qreal rowHeight = 72;
 inline constexpr qreal rowRadius = 8;
 inline constexpr QColor rowLine{255, 255, 255, 30};
-inline constexpr QColor rowPressedTop{38, 129, 184};
+inline constexpr QColor rowPressedTop{26, 120, 174};
 inline constexpr QColor rowPressedBottom{10, 84, 131};
 
 // Gestures
@@ -65,6 +65,7 @@ inline constexpr qreal focusRingAir = 1;
 inline constexpr QColor focusRing{120, 210, 255};
 inline constexpr QColor focusRingEdge{0, 32, 52};
 
+inline constexpr qreal reactiveSize = 48; // what a thumb hits
 inline constexpr qreal buttonRadius = 7;
 inline constexpr qreal buttonTextMargin = 10;
 inline constexpr qreal buttonHeight = 48;
@@ -76,9 +77,9 @@ inline constexpr QColor buttonBottom{40, 50, 58};
 inline constexpr QColor buttonRim{137, 152, 163};
 inline constexpr QColor buttonGloss{255, 255, 255, 89};
 inline constexpr QColor buttonDownTop{7, 80, 125};
-inline constexpr QColor buttonDownBottom{39, 140, 194};
+inline constexpr QColor buttonDownBottom{26, 120, 174};
 inline constexpr QColor buttonDownGloss{0, 0, 0, 89};
-inline constexpr QColor buttonCheckedTop{38, 129, 184};
+inline constexpr QColor buttonCheckedTop{26, 120, 174};
 inline constexpr QColor buttonCheckedBottom{10, 84, 131};
 inline constexpr QColor buttonLitRim{165, 220, 249};
 

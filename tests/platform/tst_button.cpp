@@ -71,6 +71,33 @@ private slots:
         QCOMPARE(button->takeSaid(), QStringLiteral("released clicked"));
     }
 
+    void reactsAroundWhatIsDrawnUnlessAnotherIsNearer_data()
+    {
+        QTest::addColumn<QPointF>("tap");
+        QTest::addColumn<int>("hit"); // 0 none, 1 the first, 2 the second
+        QTest::newRow("left of it") << QPointF(91.5, 115) << 1;
+        QTest::newRow("too far left") << QPointF(90.5, 115) << 0;
+        QTest::newRow("above") << QPointF(115, 91.5) << 1;
+        QTest::newRow("too far below") << QPointF(115, 139.5) << 0;
+        QTest::newRow("between, nearer to the first") << QPointF(134.5, 115) << 1;
+        QTest::newRow("between, nearer to the second") << QPointF(137.5, 115) << 2;
+        QTest::newRow("where one is hidden") << QPointF(119, 132) << 1;
+    }
+    void reactsAroundWhatIsDrawnUnlessAnotherIsNearer()
+    {
+        QFETCH(QPointF, tap);
+        Stage stage;
+        auto *first = new TellingButton;
+        auto *second = new TellingButton;
+        auto *hidden = new TellingButton;
+        stage.put(first, QRectF(100, 100, 31, 30));
+        stage.put(second, QRectF(141, 100, 31, 30));
+        stage.put(hidden, QRectF(100, 133, 31, 30));
+        hidden->hide();
+        stage.finger.tap(tap);
+        QTEST(first->clicks() + 2 * second->clicks(), "hit");
+    }
+
     void leavingCancels()
     {
         Stage stage;
