@@ -19,7 +19,7 @@ constexpr int K_TAB_TEXT_SIZE = 14;
 constexpr int K_BADGE_TEXT_HEIGHT = 20;
 
 constexpr qreal K_CAPTION_MARGIN = 4;
-constexpr qreal K_TAB_CAPTION_MARGIN = 8; // keeps it on the background, which is narrower than the tab
+constexpr qreal K_TAB_CAPTION_MARGIN = 12; // leaves some air on the background, which is narrower than the tab
 
 QFont captionFont(int pixelSize)
 {
@@ -72,10 +72,19 @@ QString tabCaption(int iconIdx)
     }
 }
 
+/// Draws the image of the size that @p image has, from the finer one where the screen shows more of it.
+void drawImage(QPainter *painter, const QPoint &position, int imageIdx, const QImage &image)
+{
+    if (painter->deviceTransform().m11() > 1)
+        painter->drawImage(QRect(position, image.size()), *ResManager::getInstance()->loadFineImage(imageIdx));
+    else
+        painter->drawImage(position, image);
+}
+
 void drawCentred(QPainter *painter, int imageIdx)
 {
     if (const QImage *image = ResManager::getInstance()->loadImage(imageIdx))
-        painter->drawImage(K_TAB_CENTRE - QPoint(image->width() / 2, image->height() / 2), *image);
+        drawImage(painter, K_TAB_CENTRE - QPoint(image->width() / 2, image->height() / 2), imageIdx, *image);
 }
 
 void drawBadge(QPainter *painter, int number)
@@ -85,7 +94,7 @@ void drawBadge(QPainter *painter, int number)
         return;
     const int badgeWidth = image->width();
     const int badgePosX = K_TAB_WIDTH - badgeWidth;
-    painter->drawImage(badgePosX, 0, *image);
+    drawImage(painter, QPoint(badgePosX, 0), BadgeImage, *image);
     painter->drawText(QRectF(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT),
                       Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextDontClip, QString::number(number));
 }
@@ -112,10 +121,11 @@ QString SelectButton::shownText() const
 
 void SelectButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    const QImage *image = ResManager::getInstance()->loadImage(isDown() ? m_buttonIdxClicked : m_buttonIdx);
+    const int imageIdx = isDown() ? m_buttonIdxClicked : m_buttonIdx;
+    const QImage *image = ResManager::getInstance()->loadImage(imageIdx);
     if (!image)
         return;
-    painter->drawImage(0, 0, *image);
+    drawImage(painter, QPoint(0, 0), imageIdx, *image);
     setCaptionStyle(painter, 13);
     drawFitted(painter, image->rect(), K_CAPTION_MARGIN, Qt::AlignHCenter | Qt::AlignVCenter, commandCaption(nTextIdx));
 }

@@ -30,13 +30,22 @@ ResManager::~ResManager()
 
 QImage *ResManager::loadImage(int index)
 {
-    if (static_cast<unsigned>(index) >= m_imgList.size())
+    return load(m_imgList, QLatin1String(":/button/res/"), index);
+}
+
+const QImage *ResManager::loadFineImage(int index)
+{
+    return load(m_fineImages, QLatin1String(":/fine/"), index);
+}
+
+QImage *ResManager::load(Images &images, QLatin1String folder, int index)
+{
+    if (static_cast<unsigned>(index) >= images.size())
         return nullptr;
-    std::unique_ptr<QImage> &image = m_imgList[static_cast<std::size_t>(index)];
+    std::unique_ptr<QImage> &image = images[static_cast<std::size_t>(index)];
     if (!image) {
         // With the suffix: without one the image reader would try those of all formats in turn.
-        image = std::make_unique<QImage>(QLatin1String(":/button/res/") + QLatin1String(k_imgName[index])
-                                         + QLatin1String(".png"));
+        image = std::make_unique<QImage>(folder + QLatin1String(k_imgName[index]) + QLatin1String(".png"));
     }
     return image.get();
 }

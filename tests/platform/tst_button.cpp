@@ -79,8 +79,8 @@ private slots:
         QTest::newRow("too far left") << QPointF(90.5, 115) << 0;
         QTest::newRow("above") << QPointF(115, 91.5) << 1;
         QTest::newRow("too far below") << QPointF(115, 139.5) << 0;
-        QTest::newRow("between, nearer to the first") << QPointF(134.5, 115) << 1;
-        QTest::newRow("between, nearer to the second") << QPointF(137.5, 115) << 2;
+        QTest::newRow("between, nearer to the first") << QPointF(133, 115) << 1;
+        QTest::newRow("between, nearer to the second") << QPointF(138, 115) << 2;
         QTest::newRow("where one is hidden") << QPointF(119, 132) << 1;
     }
     void reactsAroundWhatIsDrawnUnlessAnotherIsNearer()

@@ -20,11 +20,12 @@ private slots:
             const QImage *image = ResManager::getInstance()->loadImage(id);
             QVERIFY(image);
             QVERIFY2(image->isNull() == (id == LoadingImage), k_imgName[id]);
+            QCOMPARE(ResManager::getInstance()->loadFineImage(id)->size(), 2 * image->size());
             // Decoded once, or found missing once.
             QCOMPARE(ResManager::getInstance()->loadImage(id), image);
         }
         for (const int id : {-1, K_IMAGE_COUNT, std::numeric_limits<int>::min()})
-            QVERIFY(!ResManager::getInstance()->loadImage(id));
+            QVERIFY(!ResManager::getInstance()->loadImage(id) && !ResManager::getInstance()->loadFineImage(id));
         QCOMPARE(QDir(QStringLiteral(":/button/res")).entryList().size(), K_IMAGE_COUNT - 1);
     }
 
