@@ -4,6 +4,7 @@
 #include "quietpage.h"
 
 #include "mfocusring.h"
+#include "mpositionbar.h"
 
 #include <QApplication>
 #include <QGraphicsSceneWheelEvent>
@@ -225,4 +226,8 @@ void MyQWebView::showFocusRing(bool shown)
 void MyQWebView::scrollPage(int x, int y)
 {
     page()->mainFrame()->scroll(x, y);
+    if (!m_positionBar)
+        m_positionBar = new MPositionBar(this);
+    m_positionBar->show(rect(), page()->mainFrame()->contentsSize().height(),
+                        page()->mainFrame()->scrollPosition().y());
 }

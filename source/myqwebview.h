@@ -9,6 +9,7 @@
 #include <optional>
 
 class MFocusRing;
+class MPositionBar;
 class QTouchEvent;
 class QuietPage;
 
@@ -85,4 +86,5 @@ private:
     bool m_isTouchTaken = false;
     /// The finger that scrolls; further ones are ignored.
     std::optional<int> m_finger;
+    MPositionBar *m_positionBar = nullptr; // a child item, once the page has been scrolled
 };

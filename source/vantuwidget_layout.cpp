@@ -49,6 +49,7 @@ void VantuPage::initHeader()
     lblWebTitle->setWordWrap(true);
     lblWebTitle->setWordWrapMode(QTextOption::WordWrap);
     lblWebTitle->setColor(Qt::white);
+    lblWebTitle->setContentsMargins(10, 0, 10, 0); // The quit button lies across its end.
     lblWebTitle->setAccessibleRole(QAccessible::Heading);
     mainPolicy->addItemAtGeometry(lblWebTitle, QRectF(64, 0, 352, 58));
 
