@@ -7,6 +7,7 @@
 #include "mpositionbar.h"
 
 #include <QApplication>
+#include <QGraphicsScene>
 #include <QGraphicsSceneWheelEvent>
 #include <QKeyEvent>
 #include <QPointer>
