@@ -2,6 +2,7 @@
 #include "myqwebview.h"
 
 #include "quietpage.h"
+#include "retrybutton.h"
 
 #include "mfocusring.h"
 #include "mpositionbar.h"
@@ -48,7 +49,12 @@ MyQWebView::MyQWebView()
     page()->mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
     page()->mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
     initDrag();
-    connect(this, &QGraphicsWebView::loadFinished, this, [this](bool ok) { m_isEmpty = m_isEmpty && !ok; });
+    connect(this, &QGraphicsWebView::loadStarted, this, [this] { showRetry(false); });
+    connect(this, &QGraphicsWebView::loadFinished, this, [this](bool ok) {
+        m_isEmpty = m_isEmpty && !ok;
+        // What has come of a page that broke off is more than nothing.
+        showRetry(m_isEmpty && !m_address.isEmpty() && documentText().trimmed().isEmpty());
+    });
     // A page is shown from the first of the two on, or, where scripts are off, from some time before the second.
     const auto countPage = [this] {
         ++m_contentNumber;
@@ -68,7 +74,9 @@ void MyQWebView::setEditable(bool editable)
 void MyQWebView::setUrl(const QUrl &url)
 {
     m_isEmpty = true;
+    m_address.clear(); // What stops now is not to be tried again.
     stop();
+    m_address = url;
     {
         // The base class lets a parser of the old page's kind finish a page of nothing, and that of pictures takes it
         // for granted that there is a picture. A page of our own in between changes the kind.
@@ -76,6 +84,25 @@ void MyQWebView::setUrl(const QUrl &url)
         setContent(QByteArray(), QStringLiteral("text/html"), url);
     }
     load(url);
+}
+
+void MyQWebView::showRetry(bool shown)
+{
+    if (shown && !m_retry) {
+        m_retry = new RetryButton(this);
+        m_retry->hide();
+        connect(m_retry, &MButton::clicked, this, [this] { setUrl(QUrl(m_address)); });
+        connect(this, &QGraphicsWidget::geometryChanged, m_retry, [this] { m_retry->setGeometry(rect()); });
+    }
+    if (!m_retry || shown == m_retry->isVisibleTo(this))
+        return;
+    m_retry->setGeometry(rect());
+    const bool takesFocus = shown ? hasFocus() || (scene() && !scene()->focusItem()) : m_retry->hasFocus();
+    m_retry->setVisible(shown);
+    // A finger on the picture is not for the page beneath.
+    setAcceptTouchEvents(!shown);
+    if (takesFocus)
+        (shown ? static_cast<QGraphicsItem *>(m_retry) : this)->setFocus();
 }
 
 void MyQWebView::back()

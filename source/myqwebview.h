@@ -12,9 +12,11 @@ class MFocusRing;
 class MPositionBar;
 class QTouchEvent;
 class QuietPage;
+class RetryButton;
 
 /// Web view that scrolls under a dragging finger and coasts on after it is lifted. It has no scroll bars and no
-/// context menu. A finger on a touch screen does what the mouse does; a wheel and the paging keys scroll too.
+/// context menu. A finger on a touch screen does what the mouse does; a wheel and the paging keys scroll too. Where a
+/// load ends without any page on display, a picture of its own takes the page's place, and asks for it once more.
 ///
 /// The scroll state is shared by all instances: there is meant to be one at a time.
 class MyQWebView : public QGraphicsWebView, public MAccessibleDocument, public MChangingContent {
@@ -67,6 +69,7 @@ protected:
 
 private:
     QuietPage *quietPage() const;
+    void showRetry(bool shown);
     void initDrag();
     void forgetDrag();
     void touchEvent(QTouchEvent *event);
@@ -77,6 +80,8 @@ private:
 
     /// Setting an address has taken the last page down, and no other has come since.
     bool m_isEmpty = true;
+    QUrl m_address; ///< the one that was set, for another try
+    RetryButton *m_retry = nullptr; ///< a child item, once it has been needed
     bool m_isEditable = true;
     bool m_doArrowsWalk = false;
     bool m_isFocusInside = false; ///< a link or field of the page has the focus, as far as is known here

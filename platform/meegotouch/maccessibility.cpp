@@ -101,7 +101,8 @@ void collect(const QList<QGraphicsItem *> &items, Interfaces &found)
 {
     const auto ordered = inReadingOrder(items);
     for (QGraphicsItem *item : ordered) {
-        if (!item->isVisible())
+        const auto *label = qobject_cast<const MLabel *>(item->toGraphicsObject());
+        if (!item->isVisible() || (label && label->text().isEmpty()))
             continue;
         MButtonGroup *tabs = tabsOf(item);
         QAccessibleInterface *own = tabs ? QAccessible::queryAccessibleInterface(tabs) : interfaceOf(item);

@@ -4,6 +4,7 @@
 #include "addresswidget.h"
 #include "mybutton.h"
 #include "navigationrules.h"
+#include "retrybutton.h"
 
 #include "mbutton.h"
 #include "mbuttongroup.h"
@@ -63,9 +64,17 @@ private slots:
         QCOMPARE(page.webView->zoomFactor(), 1.5);
     }
 
+    void failedLoadLeavesAWayOut_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("tap on the picture") << false;
+        QTest::newRow("Return") << true;
+    }
     void failedLoadLeavesAWayOut()
     {
+        QFETCH(bool, byKey);
         Portal portal;
+        QVERIFY(QTest::qWaitForWindowActive(&portal.window));
         TestPage &page = *portal.page;
         portal.loadPage(QStringLiteral("/vantu/friends"), {{QStringLiteral("sTitle"), QStringLiteral("'Friends'")}});
         QVERIFY(!page.btnQuit->isVisible());
@@ -80,9 +89,31 @@ private slots:
         QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Friends"));
         QCOMPARE(page.webView->page()->mainFrame()->toPlainText(), QString());
 
+        // In the page's place stands a picture, which tries again.
+        const auto items = page.webView->childItems();
+        const auto found = std::find_if(items.begin(), items.end(), [](QGraphicsItem *item) {
+            return qobject_cast<RetryButton *>(item->toGraphicsObject()) && item->isVisible();
+        });
+        QVERIFY(found != items.end());
+        const QGraphicsItem *picture = *found;
         portal.service.comeBack();
-        portal.loadPage(QStringLiteral("/vantu/games"));
+        portal.service.forget();
+        portal.service.answer(QStringLiteral("/vantu/games"), {TestService::page({})});
+        if (byKey)
+            QTest::keyClick(&portal.window, Qt::Key_Return);
+        else
+            QTest::mouseClick(portal.window.viewport(), Qt::LeftButton, {},
+                              portal.window.mapFromScene(picture->sceneBoundingRect().center()));
+        QVERIFY(finished.wait());
+        QCOMPARE(portal.service.urls(), QStringList(Portal::url(QStringLiteral("/vantu/games"))));
         QVERIFY(!page.btnQuit->isVisible());
+        QVERIFY(!picture->isVisible());
+
+        // A link that leads nowhere leaves its page in sight.
+        portal.service.goSilent();
+        page.webView->load(QUrl(Portal::url(QStringLiteral("/vantu/info/"))));
+        QVERIFY(finished.wait());
+        QVERIFY(!picture->isVisible());
     }
 
     void anyKindOfPageCanBeLeft_data()
