@@ -38,16 +38,19 @@ endfunction()
 
 # One Qt Test executable. Runs in an empty folder of its own, offscreen, so that tests can run side by side and
 # whatever a test writes under a relative name (the login file) is its own.
-#   vantu_qt_test(tst_name SOURCES file.cpp ... LIBRARIES library ... [DBUS])
-# DBUS gives the test a private session bus.
+#   vantu_qt_test(tst_name SOURCES file.cpp ... LIBRARIES library ... [DBUS|DISPLAY])
+# DBUS gives the test a private session bus, DISPLAY also an X display and the bus of screen readers.
 function(vantu_qt_test name)
-    cmake_parse_arguments(TEST "DBUS" "" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(TEST "DBUS;DISPLAY" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${TEST_SOURCES})
     vantu_qt_target(${name})
     target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} Qt${VANTU_QT}::Test)
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}.run)
     file(MAKE_DIRECTORY ${folder})
-    if(TEST_DBUS)
+    if(TEST_DISPLAY)
+        add_test(NAME ${name} WORKING_DIRECTORY ${folder}
+            COMMAND dbus-run-session -- ${PROJECT_SOURCE_DIR}/tests/support/on-display $<TARGET_FILE:${name}>)
+    elseif(TEST_DBUS)
         add_test(NAME ${name} COMMAND dbus-run-session -- $<TARGET_FILE:${name}> WORKING_DIRECTORY ${folder})
     else()
         add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${folder})

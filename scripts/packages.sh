@@ -8,7 +8,7 @@ build_packages=(
     qtbase5-dev qtbase5-private-dev qttranslations5-l10n libqt5webkit5-dev qtsystems5-dev
     libcpp-httplib-dev libctemplate-dev libsqlitecpp-dev libcli11-dev libutfcpp-dev libssl-dev
     libglib2.0-dev python3-dbus python3-gi
-    dbus-daemon dbus-bin fonts-liberation2 fonts-dejavu-core
+    dbus-daemon dbus-bin at-spi2-core xvfb fonts-liberation2 fonts-dejavu-core
 )
 # What a run on a machine without a display needs on top.
 display_packages=(xvfb)
