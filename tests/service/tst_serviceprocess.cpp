@@ -78,7 +78,7 @@ private slots:
         QElapsedTimer time;
         time.start();
         QCOMPARE(service.stop(signal), 0);
-        QVERIFY(time.elapsed() < 3000);
+        QVERIFY(time.elapsed() < 4000);
         QCOMPARE(service.errors(), QString());
     }
 
@@ -200,7 +200,7 @@ private slots:
         getrlimit(RLIMIT_NOFILE, &files);
         files.rlim_cur = std::min<rlim_t>(files.rlim_max, 4096);
         setrlimit(RLIMIT_NOFILE, &files);
-        RunningService service({L1("--time-limit"), L1("2")});
+        RunningService service({L1("--time-limit"), L1("4")});
         std::vector<std::unique_ptr<QTcpSocket>> slow;
         for (int i = 0; i < 1100; ++i) {
             slow.push_back(std::make_unique<QTcpSocket>());
@@ -212,10 +212,12 @@ private slots:
         QElapsedTimer time;
         time.start();
         QVERIFY(service.exchange("GET /vantu/info/ HTTP/1.0\r\n\r\n").startsWith("HTTP/1.1 200"));
-        QVERIFY2(time.elapsed() < 1000, qPrintable(QString::number(time.elapsed())));
+        // More than the second that it may take at most, so that a busy machine is not blamed; yet sooner than any of
+        // them goes.
+        QVERIFY2(time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
         // One that goes on speaking is ended too, and not only for its silence.
         QTcpSocket &dripping = *slow.front();
-        QTRY_VERIFY_WITH_TIMEOUT(dripping.write("x") != 1 || dripping.state() != QTcpSocket::ConnectedState, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(dripping.write("x") != 1 || dripping.state() != QTcpSocket::ConnectedState, 15000);
     }
 
     // Whether a name is known cannot be told from the time that a wrong password takes: the processor's, which other
