@@ -17,10 +17,11 @@ void addOptions(CLI::App &line, Options &options)
     line.add_option("--port", options.port, "Port to listen on, 0 for a free one")
         ->check(CLI::Range(0, 65535))
         ->capture_default_str();
-    line.add_option("--host", options.host, "Address to listen on")->capture_default_str();
+    line.add_option("--host", options.host, "Address to listen on")->type_name("ADDRESS")->capture_default_str();
     line.add_flag("--public", options.isPublic,
                   "Allow an address that other machines can reach: anybody there can then write in anybody's name");
-    line.add_option("--database", options.database, "Keep everything in this file (else in memory, gone at the end)");
+    line.add_option("--database", options.database, "Keep everything in this file (else in memory, gone at the end)")
+        ->type_name("FILE");
     line.add_option("--time-limit", options.timeLimit, "Seconds that a connection may take")
         ->check(CLI::Range(1, 86400))
         ->capture_default_str();
