@@ -8,6 +8,7 @@
 #include "mybutton.h"
 #include "MyDbusService.h"
 #include "myqwebview.h"
+#include "scriptfacade.h"
 #include "servicerequests.h"
 
 #include "mapplication.h"
@@ -108,6 +109,9 @@ void VantuPage::validateAndSend()
         warn(localized(TXT_EMPTY_MESSAGE));
         return;
     }
+    // Deliberately not for scripts: what is being written is the player's to send.
+    if (scriptFacade->isCalling())
+        return;
     if (state == SendEmailState) {
         doSendEmail();
         closeSendEmailPage();

@@ -9,7 +9,10 @@
 #include "mlabel.h"
 #include "mmessagebox.h"
 #include "mprogressindicator.h"
+#include "mtextedit.h"
 
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QWebFrame>
 
 /// Pages are strangers: whatever one does to the bridge, the player keeps a working companion.
@@ -231,6 +234,23 @@ private slots:
         for (QGraphicsItem *item : portal.window.scene()->items())
             boxes += dynamic_cast<MMessageBox *>(item) ? 1 : 0;
         QCOMPARE(boxes, 1);
+    }
+
+    void onlyThePlayerSends()
+    {
+        Portal portal;
+        TestPage &page = *portal.page;
+        portal.load(QStringLiteral("/vantu/info/"), {});
+        page.openSendMessagePage();
+        page.addrWidget->addNewUIDAddress(QStringLiteral("Ann"), QStringLiteral("p1"));
+        page.txtMessage->setText(QStringLiteral("not ready"));
+        page.webView->page()->mainFrame()->evaluateJavaScript(QStringLiteral("VANTU.on_SelectButtonClicked(8)"));
+        QCOMPARE(page.state, SendMessageState);
+        QCOMPARE(page.txtMessage->text(), QStringLiteral("not ready"));
+        QVERIFY(page.nwAccessMgr->findChildren<QNetworkReply *>().isEmpty());
+        page.on_SelectButtonClicked(8);
+        QCOMPARE(page.state, Normal);
+        QCOMPARE(page.nwAccessMgr->findChildren<QNetworkReply *>().size(), 1);
     }
 };
 

@@ -41,6 +41,7 @@ public:
     using VantuPage::nwAccessMgr;
     using VantuPage::oldURL;
     using VantuPage::popupInteract;
+    using VantuPage::popupRate;
     using VantuPage::popupRecommend;
     using VantuPage::progressIndicator;
     using VantuPage::recommendGameId;
