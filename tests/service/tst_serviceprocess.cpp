@@ -249,6 +249,7 @@ private slots:
         emma.start(L1("FR"), L1("emma"), L1("guess&more=secret"));
         emma.submit(L1("/vantu/login"), "password=emma123&username=emma");
         service.exchange("GET /vantu/?p%61ss=tucked&x=away HTTP/1.0\r\n\r\n");
+        service.exchange("GET /vantu/?lg=pass&x=shown HTTP/1.0\r\n\r\n");
         service.exchange("GET /vantu/\x1b[1m\xff HTTP/1.0\r\n\r\n");
         service.post(L1("/vantu/messages/send-message/android_uid/7u102"),
                      "user_id%5B%5D=u101&message=a%0Ab%22%1B%C3%A9%C2%9B%E2%80%AE");
@@ -259,6 +260,7 @@ private slots:
         QVERIFY(log.startsWith(L1("GET /vantu/?lg=FR&country=SE&d=N9&f=1.0&udid=1&KVB=7&username=emma&pass=***"
                                   "&remember_me=1&type=MEEGO&width=480&height=854&fb=1 200\n")));
         QVERIFY(log.contains(L1("POST /vantu/login 303 password=\"***\" username=\"emma\"")));
+        QVERIFY(log.contains(L1("GET /vantu/?lg=pass&x=shown 200\n")));
         QVERIFY2(log.contains(L1("GET /vantu/\\x1b[1m\\xff 404\n")), qPrintable(log));
         QVERIFY(
             log.endsWith(QStringLiteral("POST /vantu/messages/send-message/android_uid/7u102 200 user_id[]=\"u101\" "
