@@ -226,7 +226,7 @@ public:
         return found;
     }
 
-    QRect rect() const override { return onScreen(windowOf(widget()), widget()->sceneBoundingRect()); }
+    QRect rect() const override { return onScreen(windowOf(widget()), widget()->mapRectToScene(widget()->rect())); }
     QAccessible::Role role() const override { return roleOf(widget()); }
 
     QString text(QAccessible::Text which) const override
