@@ -19,16 +19,16 @@
 namespace {
 
 // Scene pixels.
-constexpr qreal K_SPACING = 10;
-constexpr qreal K_LINE_HEIGHT = 30;
-constexpr qreal K_CAPTION_WIDTH = 400;
-constexpr qreal K_RIGHT_MARGIN = 20;
-constexpr qreal K_RECIPIENT_HEIGHT = 40;
-constexpr int K_CHARACTER_WIDTH = 18;
-constexpr int K_RECIPIENT_PADDING = 20;
+constexpr qreal itemSpacing = 10;
+constexpr qreal lineHeight = 30;
+constexpr qreal captionWidth = 400;
+constexpr qreal rightMargin = 20;
+constexpr qreal recipientHeight = 40;
+constexpr int characterWidth = 18;
+constexpr int recipientPadding = 20;
 
-constexpr qreal K_CROSS_SIZE = 8;
-constexpr qreal K_CROSS_MARGIN = 10;
+constexpr qreal crossSize = 8;
+constexpr qreal crossMargin = 10;
 
 } // namespace
 
@@ -38,15 +38,15 @@ AddressWidget::AddressWidget()
 {
     auto *layout = new MLayout;
     // The caption and the add button just fit their line, and no other line is longer.
-    layout->setContentsMargins(0, 0, K_RIGHT_MARGIN, 0);
+    layout->setContentsMargins(0, 0, rightMargin, 0);
     m_policy = new MFlowLayoutPolicy(layout);
-    m_policy->setSpacing(K_SPACING);
+    m_policy->setSpacing(itemSpacing);
 
     lblTo = new MLabel(localized(TXT_SEND_TO));
-    lblTo->setPreferredSize(K_CAPTION_WIDTH, K_LINE_HEIGHT);
+    lblTo->setPreferredSize(captionWidth, lineHeight);
     m_policy->addItem(lblTo);
     btnAdd = new SelectButton(AddNewImage, AddNewImage, SelectButton::NoCaption);
-    btnAdd->setPreferredSize(K_LINE_HEIGHT, K_LINE_HEIGHT);
+    btnAdd->setPreferredSize(lineHeight, lineHeight);
     btnAdd->setAccessibleName(localized(NAME_ADD_RECIPIENT));
     m_policy->addItem(btnAdd);
     connect(btnAdd, &MButton::clicked, this, &AddressWidget::on_btnNewAddressClicked);
@@ -136,7 +136,7 @@ int AddressWidget::getRecipientsCount()
 
 void AddressWidget::addRecipient(MButton *button)
 {
-    button->setPreferredSize(button->text().length() * K_CHARACTER_WIDTH + K_RECIPIENT_PADDING, K_RECIPIENT_HEIGHT);
+    button->setPreferredSize(button->text().length() * characterWidth + recipientPadding, recipientHeight);
     m_policy->addItem(button);
     btnGroup->addButton(button);
     reveal(button);
@@ -156,15 +156,15 @@ void AddressWidget::removeRecipient(MButton *button)
 RecipientButton::RecipientButton(const QString &text)
     : MButton(text)
 {
-    setContentsMargins(0, 0, K_CROSS_SIZE, 0);
+    setContentsMargins(0, 0, crossSize, 0);
     setAccessibleName(localized(NAME_REMOVE_RECIPIENT).arg(text));
 }
 
 void RecipientButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
 {
     MButton::paint(painter, option, widget);
-    const QRectF cross(size().width() - K_CROSS_MARGIN - K_CROSS_SIZE, (size().height() - K_CROSS_SIZE) / 2,
-                       K_CROSS_SIZE, K_CROSS_SIZE);
+    const QRectF cross(size().width() - crossMargin - crossSize, (size().height() - crossSize) / 2, crossSize,
+                       crossSize);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap));

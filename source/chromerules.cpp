@@ -22,7 +22,7 @@ struct UrlTest {
 
 // The mix of tests that heed and tests that ignore letter case is deliberate, as is the service root's part in each.
 // Any test that passes shows its command, or hides it if that is Back, which every other address allows.
-constexpr UrlTest RULES[] = {
+constexpr UrlTest urlRules[] = {
     {Command::Info, Test::Equals, K_LINK_VANTU},
     {Command::Quit, Test::Equals, K_LINK_VANTU},
     {Command::Quit, Test::StartsWith, K_URL_START_PREFIX},
@@ -75,7 +75,7 @@ ChromeVisibility chromeFor(const QString &url, VantuState state)
     set(Command::Back, normal);
     set(Command::Cancel, !normal);
     set(Command::Send, !normal);
-    for (const UrlTest &rule : RULES) {
+    for (const UrlTest &rule : urlRules) {
         // Edit is shown deliberately whatever the state: over a composer too.
         if ((normal || rule.command == Command::Edit) && passes(url, rule))
             set(rule.command, rule.command != Command::Back);
@@ -88,14 +88,14 @@ std::optional<Tab> sectionOf(const QString &url)
     static constexpr struct {
         const char *segment;
         Tab tab;
-    } SECTIONS[] = {{"", Tab::Home}, {"messages", Tab::Inbox}, {"friends", Tab::Friends}, {"games", Tab::Games}};
+    } sectionPrefixes[] = {{"", Tab::Home}, {"messages", Tab::Inbox}, {"friends", Tab::Friends}, {"games", Tab::Games}};
 
     const QLatin1String root(K_SERVICE_ROOT);
     const QString path = url.startsWith(root) ? QUrl(url.mid(root.size())).path() : QString();
     if (path.section(QLatin1Char('/'), 1, 1) != QLatin1String("vantu"))
         return std::nullopt;
     const QString segment = path.section(QLatin1Char('/'), 2, 2);
-    for (const auto &section : SECTIONS) {
+    for (const auto &section : sectionPrefixes) {
         if (segment == QLatin1String(section.segment))
             return section.tab;
     }

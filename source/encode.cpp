@@ -5,13 +5,13 @@
 
 namespace {
 
-constexpr char K_KEY[] = "quelmora";
-constexpr int K_KEY_LENGTH = sizeof(K_KEY) - 1;
+constexpr char fixedKey[] = "quelmora";
+constexpr int fixedKeyLength = sizeof(fixedKey) - 1;
 
 /// The key stream at @p index is the key word followed by the plain text.
 char keyAt(int index, const char *plain)
 {
-    return index < K_KEY_LENGTH ? K_KEY[index] : plain[index - K_KEY_LENGTH];
+    return index < fixedKeyLength ? fixedKey[index] : plain[index - fixedKeyLength];
 }
 
 } // namespace

@@ -19,21 +19,21 @@
 
 namespace {
 
-constexpr qint32 K_RECORD_COUNT = 3;
-constexpr int K_RECORD_MAX = 255;
-constexpr int K_FILE_MAX = 4 + K_RECORD_COUNT * (4 + K_RECORD_MAX);
+constexpr qint32 recordCount = 3;
+constexpr int recordMax = 255;
+constexpr int fileMax = 4 + recordCount * (4 + recordMax);
 /// Between the name of a file and what makes the name of its successor its own, until that takes its place.
-const QLatin1String K_TEMPORARY(".saving-");
+const QLatin1String temporaryInfix(".saving-");
 
 /// Room for a record and the zero byte that the scrambling puts behind it.
-using Buffer = std::array<char, K_RECORD_MAX + 1>;
+using Buffer = std::array<char, recordMax + 1>;
 
 QByteArray recordText(const QString &text)
 {
     QByteArray bytes = text.toLatin1();
     bytes.replace("%%", "%");
     bytes.truncate(static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()))));
-    bytes.truncate(K_RECORD_MAX);
+    bytes.truncate(recordMax);
     return bytes;
 }
 
@@ -52,7 +52,7 @@ bool readRecord(QDataStream &in, QString *text)
 {
     qint32 length = -1;
     in >> length;
-    if (in.status() != QDataStream::Ok || length < 0 || length > K_RECORD_MAX)
+    if (in.status() != QDataStream::Ok || length < 0 || length > recordMax)
         return false;
     Buffer record;
     Buffer scrambled;
@@ -80,7 +80,7 @@ void removeStaleFiles(const QString &target)
     const QFileInfo file(target);
     const QDir folder = file.dir();
     const auto stale
-        = folder.entryList({file.fileName() + K_TEMPORARY + QLatin1String("??????")}, QDir::Files | QDir::Hidden);
+        = folder.entryList({file.fileName() + temporaryInfix + QLatin1String("??????")}, QDir::Files | QDir::Hidden);
     for (const QString &name : stale)
         QFile::remove(folder.filePath(name));
 }
@@ -92,7 +92,7 @@ Replacement replaceFile(const QString &target, const QByteArray &contents)
 {
     removeStaleFiles(target);
     // QSaveFile would create its file readable by others and only then narrow the permissions.
-    QTemporaryFile file(target + K_TEMPORARY + QLatin1String("XXXXXX"));
+    QTemporaryFile file(target + temporaryInfix + QLatin1String("XXXXXX"));
     if (!file.open())
         return Replacement::NotInThisFolder;
     if (file.write(contents) != contents.size() || !file.flush() || fsync(file.handle()) != 0)
@@ -118,7 +118,7 @@ QByteArray records(const StoredLogin &login)
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setByteOrder(QDataStream::LittleEndian);
-    out << K_RECORD_COUNT;
+    out << recordCount;
     writeRecord(out, login.username);
     writeRecord(out, login.password);
     writeRecord(out, login.rememberMe);
@@ -132,7 +132,7 @@ std::optional<StoredLogin> parseRecords(const QByteArray &bytes)
     qint32 count = 0;
     in >> count;
     StoredLogin login;
-    if (count != K_RECORD_COUNT || !readRecord(in, &login.username) || !readRecord(in, &login.password)
+    if (count != recordCount || !readRecord(in, &login.username) || !readRecord(in, &login.password)
         || !readRecord(in, &login.rememberMe))
         return std::nullopt;
     return login;
@@ -147,7 +147,7 @@ QByteArray readFile(const QString &path)
     if (descriptor == -1 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)
         || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
         return {};
-    return file.read(K_FILE_MAX);
+    return file.read(fileMax);
 }
 
 } // namespace

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr QLocale::Language LOCALES[]
+constexpr QLocale::Language localeNames[]
     = {QLocale::English, QLocale::French, QLocale::German, QLocale::Italian, QLocale::Spanish};
 
 /// Room for the web engine, which goes down into a page's elements by recursion: with the usual 8 MiB, a script that
@@ -48,7 +48,7 @@ int main(int argc, char **argv)
     g_KVB = toInt(argv[1]);
     g_languageIdx = toLanguage(argv[2]);
     // What Qt has words of its own for is said in the same language.
-    QLocale::setDefault(QLocale(LOCALES[g_languageIdx]));
+    QLocale::setDefault(QLocale(localeNames[g_languageIdx]));
     g_trophyIdx = argc == 4 ? toMask(argv[3]) : 0;
 
     MainWindow window(nullptr);

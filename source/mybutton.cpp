@@ -13,13 +13,13 @@
 namespace {
 
 // The tab, in its own pixels.
-constexpr int K_TAB_WIDTH = 90;
-constexpr QPoint K_TAB_CENTRE(45, 35);
-constexpr int K_TAB_TEXT_SIZE = 14;
-constexpr int K_BADGE_TEXT_HEIGHT = 20;
+constexpr int tabWidth = 90;
+constexpr QPoint tabCentre(45, 35);
+constexpr int tabTextSize = 14;
+constexpr int badgeTextHeight = 20;
 
-constexpr qreal K_CAPTION_MARGIN = 4;
-constexpr qreal K_TAB_CAPTION_MARGIN = 12; // leaves some air on the background, which is narrower than the tab
+constexpr qreal captionMargin = 4;
+constexpr qreal tabCaptionMargin = 12; // leaves some air on the background, which is narrower than the tab
 
 QFont captionFont(int pixelSize)
 {
@@ -84,7 +84,7 @@ void drawImage(QPainter *painter, const QPoint &position, int imageIdx, const QI
 void drawCentred(QPainter *painter, int imageIdx)
 {
     if (const QImage *image = ResManager::getInstance()->loadImage(imageIdx))
-        drawImage(painter, K_TAB_CENTRE - QPoint(image->width() / 2, image->height() / 2), imageIdx, *image);
+        drawImage(painter, tabCentre - QPoint(image->width() / 2, image->height() / 2), imageIdx, *image);
 }
 
 void drawBadge(QPainter *painter, int number)
@@ -93,9 +93,9 @@ void drawBadge(QPainter *painter, int number)
     if (number == 0 || !image)
         return;
     const int badgeWidth = image->width();
-    const int badgePosX = K_TAB_WIDTH - badgeWidth;
+    const int badgePosX = tabWidth - badgeWidth;
     drawImage(painter, QPoint(badgePosX, 0), BadgeImage, *image);
-    painter->drawText(QRectF(badgePosX, 0, badgeWidth, K_BADGE_TEXT_HEIGHT),
+    painter->drawText(QRectF(badgePosX, 0, badgeWidth, badgeTextHeight),
                       Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextDontClip, QString::number(number));
 }
 
@@ -127,7 +127,7 @@ void SelectButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
         return;
     drawImage(painter, QPoint(0, 0), imageIdx, *image);
     setCaptionStyle(painter, 13);
-    drawFitted(painter, image->rect(), K_CAPTION_MARGIN, Qt::AlignHCenter | Qt::AlignVCenter, commandCaption(nTextIdx));
+    drawFitted(painter, image->rect(), captionMargin, Qt::AlignHCenter | Qt::AlignVCenter, commandCaption(nTextIdx));
 }
 
 ToggleButton::ToggleButton(int iconIdx, QGraphicsItem *parent, MButtonModel *model)
@@ -151,17 +151,17 @@ QRectF ToggleButton::boundingRect() const
     const QImage *badge = ResManager::getInstance()->loadImage(BadgeImage);
     if (!badge)
         return MButton::boundingRect();
-    static const qreal widest = QFontMetricsF(captionFont(K_TAB_TEXT_SIZE)).horizontalAdvance(QString::number(INT_MIN));
-    const qreal centre = K_TAB_WIDTH - badge->width() / 2.0;
-    return MButton::boundingRect() | QRectF(centre - widest / 2, 0, widest, K_BADGE_TEXT_HEIGHT);
+    static const qreal widest = QFontMetricsF(captionFont(tabTextSize)).horizontalAdvance(QString::number(INT_MIN));
+    const qreal centre = tabWidth - badge->width() / 2.0;
+    return MButton::boundingRect() | QRectF(centre - widest / 2, 0, widest, badgeTextHeight);
 }
 
 void ToggleButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    setCaptionStyle(painter, K_TAB_TEXT_SIZE);
+    setCaptionStyle(painter, tabTextSize);
     drawCentred(painter, isDown() || isChecked() ? SelectedImage : UnselectedImage);
     drawCentred(painter, m_iconIdx);
     drawBadge(painter, m_badgeNumber);
-    drawFitted(painter, QRectF(QPointF(), size()), K_TAB_CAPTION_MARGIN, Qt::AlignBottom | Qt::AlignHCenter,
+    drawFitted(painter, QRectF(QPointF(), size()), tabCaptionMargin, Qt::AlignBottom | Qt::AlignHCenter,
                tabCaption(m_iconIdx));
 }

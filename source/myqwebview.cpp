@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int K_PIXELS_PER_LINE = 40;
+constexpr int pixelsPerLine = 40;
 
 /// How far down a key scrolls.
 struct ScrollKey {
@@ -31,7 +31,7 @@ struct ScrollKey {
     int pages; ///< as high as all of the page
 };
 
-constexpr ScrollKey SCROLL_KEYS[] = {
+constexpr ScrollKey scrollKeys[] = {
     {Qt::Key_Up, -1, 0, 0},   {Qt::Key_Down, 1, 0, 0},  {Qt::Key_PageUp, 0, -1, 0}, {Qt::Key_PageDown, 0, 1, 0},
     {Qt::Key_Space, 0, 1, 0}, {Qt::Key_Home, 0, 0, -1}, {Qt::Key_End, 0, 0, 1},
 };
@@ -157,7 +157,7 @@ void MyQWebView::wheelEvent(QGraphicsSceneWheelEvent *event)
     const QPointer<MyQWebView> self(this);
     page()->event(event);
     if (self && !event->isAccepted()) {
-        const int distance = -event->delta() * QApplication::wheelScrollLines() * K_PIXELS_PER_LINE / 120;
+        const int distance = -event->delta() * QApplication::wheelScrollLines() * pixelsPerLine / 120;
         scrollPage(event->orientation() == Qt::Horizontal ? distance : 0,
                    event->orientation() == Qt::Vertical ? distance : 0);
     }
@@ -183,13 +183,13 @@ void MyQWebView::keyPressEvent(QKeyEvent *event)
     if (!self || event->isAccepted())
         return;
     // A frame without scroll bars does not follow the keys by itself.
-    const int screenful = static_cast<int>(size().height()) - K_PIXELS_PER_LINE;
+    const int screenful = static_cast<int>(size().height()) - pixelsPerLine;
     const int contents = page()->mainFrame()->contentsSize().height();
-    const auto row = std::find_if(std::begin(SCROLL_KEYS), std::end(SCROLL_KEYS),
+    const auto row = std::find_if(std::begin(scrollKeys), std::end(scrollKeys),
                                   [event](const ScrollKey &scroll) { return scroll.key == event->key(); });
-    if (row == std::end(SCROLL_KEYS))
+    if (row == std::end(scrollKeys))
         return;
-    scrollPage(0, row->lines * K_PIXELS_PER_LINE + row->screens * screenful + row->pages * contents);
+    scrollPage(0, row->lines * pixelsPerLine + row->screens * screenful + row->pages * contents);
     event->accept();
 }
 

@@ -12,9 +12,9 @@
 namespace {
 
 // Pixels that the pointer must move, on either axis, to be dragging.
-constexpr int K_DRAG_THRESHOLD = 30;
-constexpr int K_FLING_INTERVAL = 50; // milliseconds
-constexpr int K_FLING_TICKS_MAX = 20;
+constexpr int dragThreshold = 30;
+constexpr int flingInterval = 50; // milliseconds
+constexpr int flingTicksMax = 20;
 
 // Item coordinates of the last press or of the last move that scrolled.
 int last_x;
@@ -57,7 +57,7 @@ void MyQWebView::initDrag()
     isDrag = false;
     scrollCount = 0;
     timer = new QTimer(this);
-    timer->setInterval(K_FLING_INTERVAL);
+    timer->setInterval(flingInterval);
     connect(timer, &QTimer::timeout, this, &MyQWebView::updateScroll);
 }
 
@@ -84,7 +84,7 @@ void MyQWebView::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     const int y = static_cast<int>(event->pos().y());
     dx = x - last_x;
     dy = y - last_y;
-    if (std::abs(dx) >= K_DRAG_THRESHOLD || std::abs(dy) >= K_DRAG_THRESHOLD)
+    if (std::abs(dx) >= dragThreshold || std::abs(dy) >= dragThreshold)
         isDrag = true;
     else if (!isDrag)
         return;
@@ -124,7 +124,7 @@ void MyQWebView::updateScroll()
     dx = (dx * 8) / 10;
     dy = (dy * 8) / 10;
     scrollPage(-dx, -dy);
-    if ((dx == 0 && dy == 0) || scrollCount >= K_FLING_TICKS_MAX) {
+    if ((dx == 0 && dy == 0) || scrollCount >= flingTicksMax) {
         scrollCount = 0;
         dx = 0;
         dy = 0;

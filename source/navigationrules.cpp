@@ -9,24 +9,24 @@
 
 #include <utility>
 
-const char *const K_ERROR_SENTENCES[K_ERROR_SENTENCE_COUNT] = {
+const char *const errorSentences[errorSentenceCount] = {
     u8"An error has occurred inside the application", u8"Une erreur est survenue dans l'application",
     u8"In der Anwendung ist ein Fehler aufgetreten",  u8"Ha ocurrido un error en la aplicación",
     u8"Si è verificato un errore nell'applicazione",
 };
 
-const char *const K_SEARCHED_TEXT_SCRIPT = "(function () {"
-                                           "    if (document.querySelector('iframe, frame, object, embed'))"
-                                           "        return null;"
-                                           "    var text = document.documentElement.innerText;"
-                                           "    var fields = document.querySelectorAll('input, textarea');"
-                                           "    for (var i = 0; i < fields.length; ++i)"
-                                           "        text += '\\n' + fields[i].value;"
-                                           "    return text;"
-                                           "})()";
+const char *const searchedTextScript = "(function () {"
+                                       "    if (document.querySelector('iframe, frame, object, embed'))"
+                                       "        return null;"
+                                       "    var text = document.documentElement.innerText;"
+                                       "    var fields = document.querySelectorAll('input, textarea');"
+                                       "    for (var i = 0; i < fields.length; ++i)"
+                                       "        text += '\\n' + fields[i].value;"
+                                       "    return text;"
+                                       "})()";
 
 // In a script the "javascript:" in front reads as a statement label.
-const char *const K_BRIDGE_SCRIPTS[K_BRIDGE_SCRIPT_COUNT] = {
+const char *const bridgeScripts[bridgeScriptCount] = {
     "javascript:window.VANTU.getUserID(sUserUid)",
     "javascript:window.VANTU.getInboxMessages(iInboxMessages)",
     "javascript:window.VANTU.getGamesMessages(iGamesMessages)",

@@ -24,18 +24,18 @@ bool isFriendsListUrl(const QString &url);
 /// @p game is the game last reported by a page.
 QString backTarget(const QString &url, const QString &game);
 
-inline constexpr int K_ERROR_SENTENCE_COUNT = 5;
+inline constexpr int errorSentenceCount = 5;
 /// The sentences by which the service's error page is recognised, in UTF-8.
-extern const char *const K_ERROR_SENTENCES[K_ERROR_SENTENCE_COUNT];
+extern const char *const errorSentences[errorSentenceCount];
 
 /// A script that gives the text in which an error sentence would be found, form fields included, or nothing where it
 /// cannot tell: text in frames is out of its reach.
-extern const char *const K_SEARCHED_TEXT_SCRIPT;
+extern const char *const searchedTextScript;
 
 /// False only if a search of @p text finds none of the sentences for certain: a search takes its time for each, this
 /// one look hardly any. Like the search it minds neither case nor accents nor what is invisible inside a word.
 bool mayHoldErrorSentence(const QString &text);
 
-inline constexpr int K_BRIDGE_SCRIPT_COUNT = 15;
+inline constexpr int bridgeScriptCount = 15;
 /// The scripts that make a loaded page hand over its values, in the order in which they run.
-extern const char *const K_BRIDGE_SCRIPTS[K_BRIDGE_SCRIPT_COUNT];
+extern const char *const bridgeScripts[bridgeScriptCount];

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int TROPHY_BITS = 64;
+constexpr int trophyBits = 64;
 
 /// Appends "key=value" to a form body. Keys are our own and go out as they stand.
 void appendItem(QByteArray &body, const char *key, const QString &value)
@@ -65,7 +65,7 @@ QByteArray invitationBody(const QStringList &addresses)
 QByteArray trophyBody(quint64 trophies)
 {
     QByteArray body;
-    for (int bit = 0; bit < TROPHY_BITS; ++bit) {
+    for (int bit = 0; bit < trophyBits; ++bit) {
         if (trophies >> bit & 1U)
             appendItem(body, "trophy_id[]", QString::number(bit));
     }

@@ -13,19 +13,19 @@
 namespace {
 
 // The orders in which the buttons appear and go.
-constexpr Command ALL_COMMANDS[]
+constexpr Command allCommands[]
     = {Command::Back,     Command::Info, Command::Quit, Command::NewMessage, Command::Recommend,
        Command::Interact, Command::Add,  Command::Edit, Command::Cancel,     Command::Send};
-constexpr Command RULED_COMMANDS[]
+constexpr Command ruledCommands[]
     = {Command::Cancel, Command::Send, Command::Info, Command::Quit,     Command::NewMessage,
        Command::Back,   Command::Edit, Command::Add,  Command::Interact, Command::Recommend};
-constexpr Tab TABS[] = {Tab::Home, Tab::Games, Tab::Inbox, Tab::Friends};
+constexpr Tab tabs[] = {Tab::Home, Tab::Games, Tab::Inbox, Tab::Friends};
 
 } // namespace
 
 void VantuPage::setButtonVisible(bool visible)
 {
-    for (const Command command : ALL_COMMANDS)
+    for (const Command command : allCommands)
         button(command)->setVisible(visible);
 }
 
@@ -34,8 +34,8 @@ void VantuPage::updateButtonVisible()
     if (!webView->page()->mainFrame())
         return;
     const ChromeVisibility chrome = chromeFor(currentUrl(), state);
-    for (const Tab tab : TABS)
+    for (const Tab tab : tabs)
         button(tab)->setVisible(chrome.tabs);
-    for (const Command command : RULED_COMMANDS)
+    for (const Command command : ruledCommands)
         button(command)->setVisible(chrome.shows(command));
 }

@@ -25,11 +25,11 @@
 void VantuPage::on_ToggleButtonClicked(int buttonId)
 {
     const auto slot = enterSlot();
-    static constexpr const char *SECTIONS[] = {K_LINK_VANTU, K_LINK_MESSAGES_INDEX, K_LINK_FRIENDS, K_LINK_GAMES};
-    if (buttonId < 0 || buttonId >= static_cast<int>(std::size(SECTIONS)))
+    static constexpr const char *sectionLinks[] = {K_LINK_VANTU, K_LINK_MESSAGES_INDEX, K_LINK_FRIENDS, K_LINK_GAMES};
+    if (buttonId < 0 || buttonId >= static_cast<int>(std::size(sectionLinks)))
         return;
     sectionLoad = SectionLoad::Asked;
-    load(QUrl(QLatin1String(SECTIONS[buttonId])));
+    load(QUrl(QLatin1String(sectionLinks[buttonId])));
     webView->history()->clear();
 }
 

@@ -119,10 +119,10 @@ void VantuPage::on_pageLoadFinished(bool ok)
 
 void VantuPage::detectErrorPage()
 {
-    const QVariant text = webView->page()->mainFrame()->evaluateJavaScript(QLatin1String(K_SEARCHED_TEXT_SCRIPT));
+    const QVariant text = webView->page()->mainFrame()->evaluateJavaScript(QLatin1String(searchedTextScript));
     if (text.userType() == QMetaType::QString && !mayHoldErrorSentence(text.toString()))
         return;
-    for (const char *sentence : K_ERROR_SENTENCES) {
+    for (const char *sentence : errorSentences) {
         if (!webView->page()->findText(QString::fromUtf8(sentence)))
             continue;
         onErrorPage = true;
@@ -244,7 +244,7 @@ void VantuPage::closePopups()
 
 void VantuPage::runBridgeScripts()
 {
-    for (const char *script : K_BRIDGE_SCRIPTS)
+    for (const char *script : bridgeScripts)
         webView->page()->mainFrame()->evaluateJavaScript(QLatin1String(script));
 }
 

@@ -15,11 +15,11 @@ namespace {
 
 using namespace Story;
 
-const QString HOME = QStringLiteral("/vantu/");
-const QString INBOX = QStringLiteral("/vantu/messages/index");
-const QString FRIENDS = QStringLiteral("/vantu/friends");
-const QString GAMES = QStringLiteral("/vantu/games");
-const QString ACCOUNT = QStringLiteral("/vantu/account");
+const QString homePath = QStringLiteral("/vantu/");
+const QString inboxPath = QStringLiteral("/vantu/messages/index");
+const QString friendsPath = QStringLiteral("/vantu/friends");
+const QString gamesPath = QStringLiteral("/vantu/games");
+const QString accountPath = QStringLiteral("/vantu/account");
 
 QString conversationWith(const QString &player)
 {
@@ -55,19 +55,19 @@ int homeNumber(const Tour &tour, const QString &path)
 void expectBadgesOfHome(const Tour &tour)
 {
     const Badges badges = tour.badges();
-    tour.expect(badges.inbox == homeNumber(tour, INBOX) && badges.friends == homeNumber(tour, FRIENDS)
-                    && badges.games == homeNumber(tour, GAMES),
+    tour.expect(badges.inbox == homeNumber(tour, inboxPath) && badges.friends == homeNumber(tour, friendsPath)
+                    && badges.games == homeNumber(tour, gamesPath),
                 QStringLiteral("the tabs show other numbers than the page"));
 }
 
 void openHome(Tour &tour)
 {
-    tour.loads(HOME, [&] { tour.tap(Tab::Home); });
+    tour.loads(homePath, [&] { tour.tap(Tab::Home); });
 }
 
 void openGame(Tour &tour)
 {
-    tour.loads(GAMES, [&] { tour.tap(Tab::Games); });
+    tour.loads(gamesPath, [&] { tour.tap(Tab::Games); });
     tour.loads(gamePage(), [&] { tour.tapElement(linkTo(gamePage())); });
 }
 
@@ -91,7 +91,7 @@ void signIn(Tour &tour)
     tour.show(QStringLiteral("start"), QStringLiteral("The start page asks who is playing"), {Command::Quit});
     typeLogin(tour, playerName, playerPassword);
     tour.show(QStringLiteral("sign-in"), QStringLiteral("Name and password are typed in"), {Command::Quit});
-    tour.loads(HOME, [&] { tour.posts([&] { tour.press(Qt::Key_Return); }); });
+    tour.loads(homePath, [&] { tour.posts([&] { tour.press(Qt::Key_Return); }); });
     expectBadgesOfHome(tour);
     tour.show(QStringLiteral("home"), QStringLiteral("Home; the tabs show what is unread"),
               {Command::Info, Command::Quit});
@@ -99,13 +99,13 @@ void signIn(Tour &tour)
     tour.show(QStringLiteral("news"), QStringLiteral("A finger drags the page"), {Command::Info, Command::Quit});
     tour.loads(QStringLiteral("/vantu/info/"), [&] { tour.tap(Command::Info); });
     tour.show(QStringLiteral("info"), QStringLiteral("About the service"), {Command::Back});
-    tour.loads(HOME, [&] { tour.tap(Command::Back); });
+    tour.loads(homePath, [&] { tour.tap(Command::Back); });
     expectBadgesOfHome(tour);
 }
 
 void readMessage(Tour &tour)
 {
-    tour.loads(INBOX, [&] { tour.tap(Tab::Inbox); });
+    tour.loads(inboxPath, [&] { tour.tap(Tab::Inbox); });
     tour.show(QStringLiteral("inbox"), QStringLiteral("The inbox"), {Command::NewMessage});
     const int unread = tour.badges().inbox;
     tour.loads(conversationWith(recipientId), [&] { tour.tapElement(linkTo(conversationWith(recipientId))); });
@@ -117,7 +117,7 @@ void readMessage(Tour &tour)
 void pickFriend(Tour &tour, const QString &player)
 {
     const bool isFirst = tour.recipients().isEmpty();
-    tour.loads(FRIENDS, [&] { tour.tapAddRecipient(); });
+    tour.loads(friendsPath, [&] { tour.tapAddRecipient(); });
     if (isFirst)
         tour.show(QStringLiteral("pick"), QStringLiteral("The list of friends to pick from"), {});
     tour.loads(profileOf(player), [&] { tour.tapElement(linkTo(profileOf(player))); });
@@ -143,7 +143,7 @@ void writeMessage(Tour &tour)
     tour.show(QStringLiteral("written"), QStringLiteral("A second friend is picked, and the text is still there"),
               {Command::Cancel, Command::Send});
     tour.loads(conversationWith(recipientId), [&] { tour.posts([&] { tour.tap(Command::Send); }); });
-    tour.loads(INBOX, [&] { tour.tap(Tab::Inbox); });
+    tour.loads(inboxPath, [&] { tour.tap(Tab::Inbox); });
     const QString sent = QStringLiteral("/vantu/messages/sent/");
     tour.loads(sent, [&] { tour.tapElement(linkTo(sent)); });
     tour.show(QStringLiteral("sent"), QStringLiteral("The message stands among those sent"), {Command::Back});
@@ -162,7 +162,7 @@ void openInteract(Tour &tour)
 
 void rateAndCompare(Tour &tour)
 {
-    tour.loads(FRIENDS, [&] { tour.tap(Tab::Friends); });
+    tour.loads(friendsPath, [&] { tour.tap(Tab::Friends); });
     tour.show(QStringLiteral("friends"), QStringLiteral("The friends"), {Command::Add});
     tour.loads(profileOf(ratedId), [&] { tour.tapElement(linkTo(profileOf(ratedId))); });
     tour.show(QStringLiteral("profile"), QStringLiteral("A friend's page"), {Command::Back, Command::Interact});
@@ -185,7 +185,7 @@ void rateAndCompare(Tour &tour)
 
 void seeTrophies(Tour &tour)
 {
-    tour.loads(GAMES, [&] { tour.tap(Tab::Games); });
+    tour.loads(gamesPath, [&] { tour.tap(Tab::Games); });
     tour.show(QStringLiteral("games"), QStringLiteral("The games"), {});
     tour.loads(gamePage(), [&] { tour.tapElement(linkTo(gamePage())); });
     tour.show(QStringLiteral("game"), QStringLiteral("A game"), {Command::Back, Command::Recommend});
@@ -193,7 +193,7 @@ void seeTrophies(Tour &tour)
     tour.show(QStringLiteral("trophies"), QStringLiteral("Its trophies; back leads to the game, and to all games"),
               {Command::Back});
     tour.loads(gamePage(), [&] { tour.tap(Command::Back); });
-    tour.loads(GAMES, [&] { tour.tap(Command::Back); });
+    tour.loads(gamesPath, [&] { tour.tap(Command::Back); });
 }
 
 void recommendByMail(Tour &tour)
@@ -217,7 +217,7 @@ void recommendByMail(Tour &tour)
     tour.waitUntil([&] { return tour.recipients() == addresses; }, QStringLiteral("both addresses"));
     tour.show(QStringLiteral("invitation"), QStringLiteral("Both addresses, and what their owners will read"),
               {Command::Cancel, Command::Send});
-    tour.loads(GAMES, [&] { tour.posts([&] { tour.tap(Command::Send); }); });
+    tour.loads(gamesPath, [&] { tour.posts([&] { tour.tap(Command::Send); }); });
 }
 
 void recommendOnFacebook(Tour &tour)
@@ -234,7 +234,7 @@ void recommendOnFacebook(Tour &tour)
     tour.loads(facebook, [&] { tour.tapRow(QStringLiteral("Facebook")); });
     // Without sharing, back leads to the game's page or beyond it.
     tour.loads(
-        GAMES, [](const QString &path) { return path.startsWith(GAMES); }, [&] { tour.tap(Command::Back); });
+        gamesPath, [](const QString &path) { return path.startsWith(gamesPath); }, [&] { tour.tap(Command::Back); });
 }
 
 void recommendOnTwitter(Tour &tour)
@@ -255,18 +255,18 @@ void recommendOnTwitter(Tour &tour)
 void editAccount(Tour &tour)
 {
     openHome(tour);
-    tour.loads(ACCOUNT, [&] { tour.tapElement(linkTo(ACCOUNT)); });
+    tour.loads(accountPath, [&] { tour.tapElement(linkTo(accountPath)); });
     tour.show(QStringLiteral("account"), QStringLiteral("The player's account"), {Command::Back, Command::Edit});
     const QString invitations = QStringLiteral("/vantu/friends/show-invite-email");
     tour.loads(invitations, [&] { tour.tapElement(linkTo(invitations)); });
     tour.show(QStringLiteral("invited"), QStringLiteral("Who has been invited"), {Command::Back});
-    tour.loads(ACCOUNT, [&] { tour.tap(Command::Back); });
-    tour.loads(ACCOUNT + QLatin1String("/edit"), [&] { tour.tap(Command::Edit); });
+    tour.loads(accountPath, [&] { tour.tap(Command::Back); });
+    tour.loads(accountPath + QLatin1String("/edit"), [&] { tour.tap(Command::Edit); });
     tour.tapElement(QStringLiteral("#motto"));
     tour.press(Qt::Key_A, Qt::ControlModifier);
     tour.type(motto);
     tour.show(QStringLiteral("edit"), QStringLiteral("The account is edited"), {Command::Back});
-    tour.loads(ACCOUNT, [&] { tour.tapElement(QStringLiteral("button[type=submit]")); });
+    tour.loads(accountPath, [&] { tour.tapElement(QStringLiteral("button[type=submit]")); });
     tour.show(QStringLiteral("saved"), QStringLiteral("The changes are saved"), {Command::Back, Command::Edit});
 }
 
@@ -300,16 +300,16 @@ void playRecipient(Tour &tour)
               {Command::Quit});
     expectBadgesOfHome(tour);
     openHome(tour);
-    tour.loads(ACCOUNT, [&] { tour.tapElement(linkTo(ACCOUNT)); });
+    tour.loads(accountPath, [&] { tour.tapElement(linkTo(accountPath)); });
     tour.loads(QStringLiteral("/vantu/login?iDelete=1"),
                [&] { tour.tapElement(linkTo(QStringLiteral("/vantu/logout"))); });
     tour.show(QStringLiteral("signed-out"), QStringLiteral("Signed out"), {Command::Quit});
     typeLogin(tour, recipientName, recipientPassword);
-    tour.loads(HOME, [&] { tour.clickElement(QStringLiteral("button[type=submit]")); });
+    tour.loads(homePath, [&] { tour.clickElement(QStringLiteral("button[type=submit]")); });
     expectBadgesOfHome(tour);
     tour.show(QStringLiteral("recipient"), QStringLiteral("One of the recipients has signed in"),
               {Command::Info, Command::Quit});
-    tour.loads(INBOX, [&] { tour.tap(Tab::Inbox); });
+    tour.loads(inboxPath, [&] { tour.tap(Tab::Inbox); });
     tour.loads(conversationWith(playerId), [&] { tour.clickElement(linkTo(conversationWith(playerId))); });
     const QString text = tour.element(QStringLiteral(".bubble.theirs"))
                              .evaluateJavaScript(QStringLiteral("this.firstChild.textContent"))
@@ -334,8 +334,8 @@ bool answers(const QNetworkProxy &proxy)
 void playOutage(Tour &tour, qint64 service)
 {
     typeLogin(tour, playerName, playerPassword);
-    tour.loads(HOME, [&] { tour.posts([&] { tour.press(Qt::Key_Return); }); });
-    tour.loads(INBOX, [&] { tour.tap(Tab::Inbox); });
+    tour.loads(homePath, [&] { tour.posts([&] { tour.press(Qt::Key_Return); }); });
+    tour.loads(inboxPath, [&] { tour.tap(Tab::Inbox); });
     tour.tap(Command::NewMessage);
     tour.tapMessage();
     tour.type(message);

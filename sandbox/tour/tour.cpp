@@ -36,23 +36,23 @@
 namespace {
 
 // Milliseconds.
-constexpr int PATIENCE = 15000;
-constexpr int GLANCE = 4;
-constexpr int PICTURE_INTERVAL = 60;
-constexpr int STILL_PICTURES = 3;
+constexpr int patience = 15000;
+constexpr int glance = 4;
+constexpr int pictureInterval = 60;
+constexpr int stillPictures = 3;
 
-constexpr qreal LONGEST_DRAG = 300; // scene pixels
-constexpr int DRAG_STEPS = 10;
-constexpr int MOST_DRAGS = 20;
+constexpr qreal longestDrag = 300; // scene pixels
+constexpr int dragSteps = 10;
+constexpr int mostDrags = 20;
 
-constexpr const char *COMMAND_NAMES[K_COMMAND_COUNT]
+constexpr const char *commandNames[K_COMMAND_COUNT]
     = {"back", "info", "quit", "new message", "recommend", "interact", "add", "cancel", "send", "edit"};
 
 QString names(const std::vector<Command> &commands)
 {
     QStringList result;
     for (const Command command : commands)
-        result << QLatin1String(COMMAND_NAMES[static_cast<std::size_t>(command)]);
+        result << QLatin1String(commandNames[static_cast<std::size_t>(command)]);
     return result.isEmpty() ? QStringLiteral("no command") : result.join(QLatin1String(", "));
 }
 
@@ -330,7 +330,7 @@ void Tour::waitUntil(const std::function<bool()> &condition, const QString &what
 {
     if (condition())
         return;
-    const QDeadlineTimer deadline(PATIENCE);
+    const QDeadlineTimer deadline(patience);
     bool isOver = false;
     bool isMet = false;
     // One loop for the whole wait: entering another forgets a quit that is on its way.
@@ -343,7 +343,7 @@ void Tour::waitUntil(const std::function<bool()> &condition, const QString &what
             loop.quit();
         }
     });
-    clock.start(GLANCE);
+    clock.start(glance);
     loop.exec();
     if (!isOver)
         throw Ended{}; // The application's end ends every loop.
@@ -417,11 +417,11 @@ QImage Tour::imageAtRest()
         [&] {
             if (!next.hasExpired())
                 return false;
-            next.setRemainingTime(PICTURE_INTERVAL);
+            next.setRemainingTime(pictureInterval);
             const QImage now = m_window.grab().toImage();
             alike = now == image ? alike + 1 : 1;
             image = now;
-            return alike == STILL_PICTURES;
+            return alike == stillPictures;
         },
         QStringLiteral("the screen to come to rest"));
     return image;
@@ -459,8 +459,8 @@ void Tour::drag(const QPointF &from, const QPointF &to)
 {
     QWindow *window = m_window.windowHandle();
     act([&] { QTest::touchEvent(window, m_finger).press(0, windowPosition(from), window); });
-    for (int step = 1; step <= DRAG_STEPS; ++step) {
-        const QPoint at = windowPosition(from + (to - from) * step / DRAG_STEPS);
+    for (int step = 1; step <= dragSteps; ++step) {
+        const QPoint at = windowPosition(from + (to - from) * step / dragSteps);
         act([&] { QTest::touchEvent(window, m_finger).move(0, at, window); });
     }
     act([&] { QTest::touchEvent(window, m_finger).release(0, windowPosition(to), window); });
@@ -471,11 +471,11 @@ QPointF Tour::reveal(const QString &selector)
     const QWebElement wanted = element(selector);
     expect(!wanted.isNull(), QStringLiteral("the page has no ") + selector);
     const QRectF sight = part(&PageMembers::webView).sceneBoundingRect() & m_window.sceneRect();
-    for (int i = 0; i < MOST_DRAGS; ++i) {
+    for (int i = 0; i < mostDrags; ++i) {
         const QPointF middle = sceneRect(wanted).center();
         if (sight.contains(middle))
             return middle;
-        const qreal way = qBound(-LONGEST_DRAG, sight.center().y() - middle.y(), LONGEST_DRAG);
+        const qreal way = qBound(-longestDrag, sight.center().y() - middle.y(), longestDrag);
         drag(sight.center() - QPointF(0, way / 2), sight.center() + QPointF(0, way / 2));
         // It may still coast where the page's end holds it, and would take the next page along.
         const auto *coasting = part(&PageMembers::webView).findChild<QTimer *>();

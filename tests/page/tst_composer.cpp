@@ -19,10 +19,10 @@ Q_DECLARE_METATYPE(Variables)
 namespace {
 
 /// What her profile hands over.
-const Variables ANN{{QStringLiteral("iUserId"), QStringLiteral("'p3'")},
+const Variables ann{{QStringLiteral("iUserId"), QStringLiteral("'p3'")},
                     {QStringLiteral("sUserName"), QStringLiteral("'Ann'")}};
 
-const QRectF PLACE(0, 60, 480, 664);
+const QRectF webViewPlace(0, 60, 480, 664);
 
 QList<TestService::Request> posts(const Portal &portal)
 {
@@ -144,7 +144,7 @@ private slots:
         bool deaf = false;
         QObject observer;
         connect(page.webView, &QGraphicsWebView::urlChanged, &observer, [&] { deaf = !page.webView->isEnabled(); });
-        portal.loadPage(QStringLiteral("/vantu/account/index/uid/p3"), ANN);
+        portal.loadPage(QStringLiteral("/vantu/account/index/uid/p3"), ann);
         QCOMPARE(page.state, SendMessageState);
         QVERIFY(deaf); // No second tap while the first friend is on the way.
         QVERIFY(!page.isInFriendSelectionScreen);
@@ -152,7 +152,7 @@ private slots:
         QVERIFY(page.btnSend->isVisible() && page.btnCancel->isVisible());
         QVERIFY(!page.webView->isVisible());
         QVERIFY(page.webView->isEnabled());
-        QCOMPARE(page.webView->geometry(), PLACE);
+        QCOMPARE(page.webView->geometry(), webViewPlace);
         QCOMPARE(page.addrWidget->getAllAddress(), QStringList(QStringLiteral("p3")));
         QCOMPARE(page.txtMessage->text(), QStringLiteral("written before"));
     }
@@ -168,8 +168,8 @@ private slots:
             QTest::newRow(name) << picking << QString::fromLatin1(path) << variables << QString::fromLatin1(outcome);
         };
         const Variables nameOnly{{QStringLiteral("sUserName"), QStringLiteral("'Ann'")}};
-        row("profile picked", true, "/vantu/account/index/uid/p3", ANN, "p3");
-        row("profile under the composer", false, "/vantu/account/index/uid/p3", ANN, "");
+        row("profile picked", true, "/vantu/account/index/uid/p3", ann, "p3");
+        row("profile under the composer", false, "/vantu/account/index/uid/p3", ann, "");
         row("page without a player", true, "/vantu/info/", {}, "");
         row("player without a name", true, "/vantu/account/index/uid/p3",
             {{QStringLiteral("iUserId"), QStringLiteral("'p3'")}}, "");
@@ -207,7 +207,7 @@ private slots:
     {
         Portal portal;
         TestPage &page = *portal.page;
-        portal.service.answer(QStringLiteral("/vantu/slow"), {TestService::page(ANN), 200, {}, 300});
+        portal.service.answer(QStringLiteral("/vantu/slow"), {TestService::page(ann), 200, {}, 300});
         page.webView->setUrl(QUrl(Portal::url(QStringLiteral("/vantu/slow"))));
         page.openSendMessagePage();
         openList(portal);
@@ -264,7 +264,7 @@ private slots:
         const auto press = [&portal](Qt::Key key) { QTest::keyClick(&portal.window, key); };
         QVERIFY(QTest::qWaitForWindowActive(&portal.window));
         portal.loadPage(QStringLiteral("/vantu/messages/index"));
-        portal.service.answer(QStringLiteral("/vantu/account/index/uid/p3"), {TestService::page(ANN)});
+        portal.service.answer(QStringLiteral("/vantu/account/index/uid/p3"), {TestService::page(ann)});
         const QByteArray list = "<a href='/vantu/info/'>x</a><br><a href='/vantu/account/index/uid/p3'>Ann</a>";
         portal.service.answer(QStringLiteral("/vantu/friends"), {list});
         press(Qt::Key_Tab);
@@ -313,7 +313,7 @@ private slots:
         QCOMPARE(page.addrWidget->getRecipientsCount(), 0);
         // The next pick, or the page after cancelling, can be used.
         QVERIFY(page.webView->isEnabled());
-        QCOMPARE(page.webView->geometry(), PLACE);
+        QCOMPARE(page.webView->geometry(), webViewPlace);
     }
 
     void sendChecksRecipientsFirst()
@@ -379,7 +379,7 @@ private slots:
         QVERIFY(!page.webView->settings()->testAttribute(QWebSettings::TiledBackingStoreEnabled));
 
         page.on_SelectButtonClicked(7);
-        QCOMPARE(page.webView->geometry(), PLACE);
+        QCOMPARE(page.webView->geometry(), webViewPlace);
         QVERIFY(!page.addrWidget->isVisible() && !page.lblSubject->isVisible());
         QVERIFY(page.webView->settings()->testAttribute(QWebSettings::TiledBackingStoreEnabled));
         QCOMPARE(page.lblWebTitle->text(), QStringLiteral("New message"));

@@ -199,7 +199,7 @@ private slots:
     void errorPageIsRecognised_data()
     {
         QTest::addColumn<QString>("sentence");
-        for (const char *sentence : K_ERROR_SENTENCES)
+        for (const char *sentence : errorSentences)
             QTest::newRow(sentence) << QString::fromUtf8(sentence);
     }
 

@@ -39,7 +39,7 @@ private slots:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("mayHoldOne");
-        for (const char *sentence : K_ERROR_SENTENCES)
+        for (const char *sentence : errorSentences)
             QTest::newRow(sentence) << QString::fromUtf8(sentence) << true;
         QTest::newRow("capitals") << QStringLiteral("AN ERROR HAS OCCURRED") << true;
         QTest::newRow("accents") << QStringLiteral("An \u00e9rr\u00f8r has occurred") << true;

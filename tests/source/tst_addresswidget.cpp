@@ -15,7 +15,7 @@
 
 namespace {
 
-const QRectF PLACE(10, 65, 460, 170);
+const QRectF panelPlace(10, 65, 460, 170);
 
 } // namespace
 
@@ -34,7 +34,7 @@ private slots:
         m_page->appear(m_window.data());
         m_panel = new AddressWidget;
         m_panel->setParentItem(m_page->centralWidget());
-        m_panel->setGeometry(PLACE);
+        m_panel->setGeometry(panelPlace);
         m_panel->show(AddressWidget::EMAIL);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
@@ -110,7 +110,7 @@ private slots:
         m_panel->show(AddressWidget::MESSAGE);
         for (int i = 0; i < 500; ++i)
             m_panel->addNewUIDAddress(QStringLiteral("friend %1").arg(i), QString::number(i));
-        QVERIFY(PLACE.contains(recipients().last()->sceneBoundingRect()));
+        QVERIFY(panelPlace.contains(recipients().last()->sceneBoundingRect()));
         tap(recipients().last());
         QCOMPARE(m_panel->getRecipientsCount(), 499);
         QCOMPARE(m_panel->getAllAddress().last(), QStringLiteral("498"));

@@ -12,8 +12,8 @@
 
 namespace {
 
-const QRect SELECTED_TAB(7, 0, 76, 70); // where the tab's background lies
-const QRect BADGE(58, 0, 32, 20);
+const QRect selectedTabPlace(7, 0, 76, 70); // where the tab's background lies
+const QRect badgePlace(58, 0, 32, 20);
 
 const QImage &image(int id)
 {
@@ -118,7 +118,8 @@ private slots:
             for (const bool down : {false, true}) {
                 tab.setChecked(checked);
                 tab.setDown(down);
-                QCOMPARE(drawn(&tab), composed({{checked || down ? 24 : 27, SELECTED_TAB.topLeft()}, {15, {30, 20}}}));
+                QCOMPARE(drawn(&tab),
+                         composed({{checked || down ? 24 : 27, selectedTabPlace.topLeft()}, {15, {30, 20}}}));
             }
         }
     }
@@ -136,15 +137,15 @@ private slots:
     {
         QFETCH(int, icon);
         QFETCH(QPoint, iconPosition);
-        const QImage bare = composed({{27, SELECTED_TAB.topLeft()}, {icon, iconPosition}});
+        const QImage bare = composed({{27, selectedTabPlace.topLeft()}, {icon, iconPosition}});
         for (g_languageIdx = 0; g_languageIdx < K_LANGUAGE_COUNT; ++g_languageIdx) {
             ToggleButton tab(icon);
             tab.resize(90, 70);
             const QRect caption = difference(drawn(&tab), bare);
             QVERIFY(caption.width() > 15);
             QVERIFY(caption.top() > 45);
-            QVERIFY(SELECTED_TAB.contains(caption));
-            QVERIFY(isCentred(caption, SELECTED_TAB));
+            QVERIFY(selectedTabPlace.contains(caption));
+            QVERIFY(isCentred(caption, selectedTabPlace));
             // At the bottom of the tab, however high that is.
             tab.resize(90, 90);
             QCOMPARE(difference(drawn(&tab), bare), caption.translated(0, 20));
@@ -168,10 +169,10 @@ private slots:
         QVERIFY(tab.boundingRect().contains(difference(with, without)));
 
         const QRect digits
-            = difference(with, composed({{27, SELECTED_TAB.topLeft()}, {15, {30, 20}}, {7, BADGE.topLeft()}}));
+            = difference(with, composed({{27, selectedTabPlace.topLeft()}, {15, {30, 20}}, {7, badgePlace.topLeft()}}));
         QVERIFY(!digits.isEmpty());
-        QVERIFY(isCentred(digits, BADGE));
-        QVERIFY(qAbs(digits.center().y() - BADGE.center().y()) <= 2);
+        QVERIFY(isCentred(digits, badgePlace));
+        QVERIFY(qAbs(digits.center().y() - badgePlace.center().y()) <= 2);
         // Every digit, none narrowed.
         QFont font;
         font.setPixelSize(14);

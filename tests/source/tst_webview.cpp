@@ -15,10 +15,10 @@
 
 namespace {
 
-const QPoint START(400, 1000);
+const QPoint startPosition(400, 1000);
 
 // A page larger than the view on both axes that writes down what reaches it. The fling tests need the room.
-const char PAGE[] = R"(<html><body style="margin:0; width:1500px; height:9000px">
+const char largePage[] = R"(<html><body style="margin:0; width:1500px; height:9000px">
 <textarea id="inner" rows="4" style="position:absolute; left:800px; top:1100px"></textarea>
 <p style="position:absolute; left:400px; top:1200px; font-size:40px">word word word word word word word word</p>
 <script>
@@ -53,9 +53,9 @@ private slots:
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
         QSignalSpy loaded(m_view, &QGraphicsWebView::loadFinished);
-        m_view->setHtml(QString::fromLatin1(PAGE));
+        m_view->setHtml(QString::fromLatin1(largePage));
         QTRY_COMPARE(loaded.count(), 1);
-        frame()->setScrollPosition(START);
+        frame()->setScrollPosition(startPosition);
         QCOMPARE(moved(), QPoint());
     }
 
@@ -197,7 +197,7 @@ private slots:
         QVERIFY(wheel({100, 100}, -30));
         QCOMPARE(moved().y(), notch / 4);
         // What is inside the page scrolls first.
-        frame()->setScrollPosition(START);
+        frame()->setScrollPosition(startPosition);
         QVERIFY(wheel({430, 120}, -120));
         QVERIFY(script("document.getElementById('inner').scrollTop").toInt() > 0);
         QCOMPARE(moved(), QPoint());
@@ -219,7 +219,7 @@ private slots:
         QFETCH(int, key);
         m_view->setFocus();
         QTest::keyClick(m_window->viewport(), static_cast<Qt::Key>(key));
-        QCOMPARE(frame()->scrollPosition().x(), START.x());
+        QCOMPARE(frame()->scrollPosition().x(), startPosition.x());
         QTEST(frame()->scrollPosition().y(), "expected");
     }
 
@@ -336,7 +336,7 @@ private:
 
     QWebFrame *frame() const { return m_view->page()->mainFrame(); }
     /// How far the content has moved, as the finger sees it.
-    QPoint moved() const { return START - frame()->scrollPosition(); }
+    QPoint moved() const { return startPosition - frame()->scrollPosition(); }
     QVariant script(const char *source) { return frame()->evaluateJavaScript(QString::fromLatin1(source)); }
     QString seenByThePage() { return script("seen.join(' ')").toString(); }
     /// Lets the page coast to its end and returns the vertical movement of each tick.

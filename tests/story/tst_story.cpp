@@ -100,7 +100,7 @@ private:
     SQLite::Database m_database;
 };
 
-const QString RESUME = QStringLiteral("RESUMEGAME");
+const QString resumeMessage = QStringLiteral("RESUMEGAME");
 const QString QUIT = QStringLiteral("QUIT");
 
 } // namespace
@@ -143,7 +143,7 @@ void StoryTest::isPlayedAndLasts()
 
     const Run sender = world.play(L1("sender"), language, withPictures);
     QCOMPARE(sender.status, 0);
-    QCOMPARE(sender.heard(), QStringList(RESUME));
+    QCOMPARE(sender.heard(), QStringList(resumeMessage));
     const int home = sender.output.indexOf("Home; ");
     QVERIFY(sender.output.mid(home, sender.output.indexOf('\n', home) - home).contains(unread.first().toUtf8()));
     checkSender(world, code);
@@ -218,7 +218,7 @@ void StoryTest::endsWellWithoutTheService()
     World world;
     const Run run = world.play(L1("outage"), 0);
     QCOMPARE(run.status, 0);
-    QCOMPARE(run.heard(), QStringList(RESUME));
+    QCOMPARE(run.heard(), QStringList(resumeMessage));
     QCOMPARE(world.service.exitStatus(), 0);
     QCOMPARE(world.posts(L1("/vantu/messages/")), QStringList());
 }
