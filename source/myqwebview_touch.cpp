@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "myqwebview.h"
 
+#include "mtouch.h"
+
 #include <QGraphicsSceneMouseEvent>
 #include <QPointer>
 #include <QTimer>
@@ -149,25 +151,25 @@ void MyQWebView::touchEvent(QTouchEvent *event)
 
 void MyQWebView::followFinger(const QTouchEvent *event)
 {
-    const QList<QTouchEvent::TouchPoint> &points = event->touchPoints();
+    const QVector<MTouchPoint> points = touchPointsOf(*event);
     if (event->type() == QEvent::TouchBegin && !points.isEmpty()) {
-        m_finger = points.first().id();
+        m_finger = points.first().id;
         // The drag of a touch that was cancelled: a scene tells its items nothing of that.
         isDrag = false;
     }
-    const auto point = std::find_if(points.begin(), points.end(),
-                                    [this](const QTouchEvent::TouchPoint &p) { return m_finger == p.id(); });
+    const auto point
+        = std::find_if(points.begin(), points.end(), [this](const MTouchPoint &p) { return m_finger == p.id; });
     if (point == points.end())
         return;
     const auto send = [&](QEvent::Type type) {
-        withMouseEvent(type, *this, point->pos(), point->screenPos().toPoint(), event->modifiers(),
+        withMouseEvent(type, *this, point->position, point->screenPosition.toPoint(), event->modifiers(),
                        [this](QGraphicsSceneMouseEvent *mouse) { QGraphicsWebView::sceneEvent(mouse); });
     };
-    if (point->state() == Qt::TouchPointPressed) {
+    if (point->state == Qt::TouchPointPressed) {
         send(QEvent::GraphicsSceneMousePress);
-    } else if (point->state() == Qt::TouchPointMoved) {
+    } else if (point->state == Qt::TouchPointMoved) {
         send(QEvent::GraphicsSceneMouseMove);
-    } else if (point->state() == Qt::TouchPointReleased) {
+    } else if (point->state == Qt::TouchPointReleased) {
         m_finger.reset();
         send(QEvent::GraphicsSceneMouseRelease);
     }

@@ -19,6 +19,7 @@
 #include <QGraphicsScene>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -399,7 +400,7 @@ public:
 
     ~ListInterface() override
     {
-        for (QAccessible::Id row : qAsConst(m_rows))
+        for (QAccessible::Id row : std::as_const(m_rows))
             QAccessible::deleteAccessibleInterface(row);
     }
 

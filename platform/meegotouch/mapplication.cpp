@@ -39,8 +39,10 @@ public:
 // These are read while the base class is being constructed.
 int &prepared(int &argc)
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     // The widgets draw without OpenGL. Left to itself, the first window would bring in all of the system's, which takes
     // a third of the time of a start.
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);

@@ -17,6 +17,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -195,7 +196,7 @@ void MApplicationWindow::fitScene()
     const int fullHeight = m_fillsScreen ? qMax(height(), screen()->size().height()) : height();
     const qreal scale = qMin(viewport()->width() / scene.width(), fullHeight / scene.height());
     setTransform(QTransform::fromScale(scale, scale));
-    for (QGraphicsWidget *sceneWindow : qAsConst(m_onDisplay))
+    for (QGraphicsWidget *sceneWindow : std::as_const(m_onDisplay))
         sceneWindow->setGeometry(QRectF(QPointF(0, 0), scene));
     revealCursor();
 }
@@ -323,7 +324,7 @@ QGraphicsWidget *MApplicationWindow::topPanel() const
 void MApplicationWindow::activateTopPanel()
 {
     QGraphicsWidget *top = topPanel();
-    for (QGraphicsWidget *sceneWindow : qAsConst(m_onDisplay))
+    for (QGraphicsWidget *sceneWindow : std::as_const(m_onDisplay))
         sceneWindow->setPanelModality(sceneWindow == top ? QGraphicsItem::SceneModal : QGraphicsItem::NonModal);
     m_scene->setActivePanel(top);
 }

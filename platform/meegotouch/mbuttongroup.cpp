@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 MButtonGroup::MButtonGroup(QObject *parent)
     : QObject(parent)
@@ -14,7 +15,7 @@ MButtonGroup::MButtonGroup(QObject *parent)
 
 MButtonGroup::~MButtonGroup()
 {
-    for (const Member &member : qAsConst(m_members))
+    for (const Member &member : std::as_const(m_members))
         member.button->m_group = nullptr;
 }
 
@@ -85,12 +86,12 @@ void MButtonGroup::uncheckOthers(MButton *checked)
 {
     // The receivers of toggled() may delete any of the buttons, or the group.
     QList<QPointer<MButton>> others;
-    for (const Member &member : qAsConst(m_members)) {
+    for (const Member &member : std::as_const(m_members)) {
         if (member.button != checked)
             others.append(member.button);
     }
     const QPointer<MButtonGroup> self(this);
-    for (const QPointer<MButton> &other : qAsConst(others)) {
+    for (const QPointer<MButton> &other : std::as_const(others)) {
         if (self && other && other->m_group == this)
             other->setChecked(false);
     }

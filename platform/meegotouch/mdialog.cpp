@@ -11,6 +11,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <utility>
+
 MDialog::MDialog()
     : MDialog(QString())
 {
@@ -86,7 +88,7 @@ void MDialog::arrange()
     }
     qreal left = m_box.left() + MStyle::popupPadding;
     const int count = m_buttons.size();
-    for (MButton *button : qAsConst(m_buttons)) {
+    for (MButton *button : std::as_const(m_buttons)) {
         const qreal each = (width - 2 * MStyle::popupPadding - (count - 1) * MStyle::popupSpacing) / count;
         const qreal top = m_box.bottom() - MStyle::popupPadding - MStyle::dialogButtonHeight;
         button->setGeometry(QRectF(left, top, each, MStyle::dialogButtonHeight));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mdoubletapguard.h"
 
+#include "mtouch.h"
+
 #include <QGraphicsView>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -32,7 +34,7 @@ bool MDoubleTapGuard::refuses(QEvent *event)
     }
     case QEvent::TouchBegin: {
         const auto *touch = static_cast<const QTouchEvent *>(event);
-        m_refusesTouch = refusesPress(touch->touchPoints().first().pos().toPoint(), touch->timestamp());
+        m_refusesTouch = refusesPress(touchPointsOf(*touch).first().position.toPoint(), touch->timestamp());
         break;
     }
     case QEvent::TouchUpdate:

@@ -2,6 +2,7 @@
 #include "mfingergestures.h"
 
 #include "mstyle.h"
+#include "mtouch.h"
 
 #include <QApplication>
 #include <QGesture>
@@ -42,12 +43,13 @@ std::optional<Finger> fingerOf(const QEvent *event)
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd: {
         const auto *touch = static_cast<const QTouchEvent *>(event);
-        if (touch->touchPoints().size() != 1)
+        const QVector<MTouchPoint> points = touchPointsOf(*touch);
+        if (points.size() != 1)
             return Finger{Phase::Cancel, {}};
         const Phase phase = event->type() == QEvent::TouchBegin ? Phase::Down
             : event->type() == QEvent::TouchEnd                 ? Phase::Up
                                                                 : Phase::Move;
-        return Finger{phase, touch->touchPoints().first().screenPos()};
+        return Finger{phase, points.first().screenPosition};
     }
     case QEvent::TouchCancel:
     case QEvent::UngrabMouse:

@@ -10,6 +10,7 @@
 #include <QTextLayout>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -140,7 +141,7 @@ void MLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget 
         y = qRound(area.center().y() - textHeight / 2);
     const int flags
         = int(m_alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextSingleLine | Qt::TextDontClip;
-    for (const QString &line : qAsConst(m_lines)) {
+    for (const QString &line : std::as_const(m_lines)) {
         painter->drawText(QRectF(area.left(), y, area.width(), lineHeight), flags, line);
         y += lineHeight;
     }

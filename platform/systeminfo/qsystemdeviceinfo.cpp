@@ -2,8 +2,9 @@
 #include "qsystemdeviceinfo.h"
 
 #include "deviceidentity.h"
+#include "devicevalues.h"
 
-#include <QDeviceInfo>
+#include <QSysInfo>
 
 QSystemDeviceInfo::QSystemDeviceInfo(QObject *parent)
     : QObject(parent)
@@ -12,12 +13,12 @@ QSystemDeviceInfo::QSystemDeviceInfo(QObject *parent)
 
 QString QSystemDeviceInfo::model() const
 {
-    const QString model = DeviceIdentity::withoutPlaceHolder(QDeviceInfo().model());
+    const QString model = DeviceIdentity::withoutPlaceHolder(DeviceValues::model());
     return model.isEmpty() ? DeviceIdentity::hardwareModel() : model;
 }
 
 QString QSystemDeviceInfo::imei() const
 {
-    const QString imei = QDeviceInfo().imei(0);
+    const QString imei = DeviceValues::imei();
     return imei.isEmpty() ? DeviceIdentity::appSpecificId(QSysInfo::machineUniqueId()) : imei;
 }

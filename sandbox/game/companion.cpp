@@ -21,6 +21,17 @@ sigset_t endingSignals()
     return set;
 }
 
+/// Runs in the child, before the program.
+void prepareChild()
+{
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    // A script's background job ignores SIGINT and would hand that down: the order would be passed on and not obeyed.
+    for (int signal : {SIGTERM, SIGINT, SIGHUP})
+        std::signal(signal, SIG_DFL);
+    const sigset_t set = endingSignals();
+    sigprocmask(SIG_UNBLOCK, &set, nullptr);
+}
+
 } // namespace
 
 Companion::Companion()
@@ -29,6 +40,9 @@ Companion::Companion()
     sigprocmask(SIG_BLOCK, &set, nullptr);
     m_signals = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    m_process.setChildProcessModifier(prepareChild);
+#endif
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
     m_process.setInputChannelMode(QProcess::ForwardedInputChannel);
     connect(&m_process, &QProcess::errorOccurred, this, &Companion::reportFailure);
@@ -65,12 +79,9 @@ void Companion::reportFailure(QProcess::ProcessError error)
     emit ended(127);
 }
 
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 void Companion::Process::setupChildProcess()
 {
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    // A script's background job ignores SIGINT and would hand that down: the order would be passed on and not obeyed.
-    for (int signal : {SIGTERM, SIGINT, SIGHUP})
-        std::signal(signal, SIG_DFL);
-    const sigset_t set = endingSignals();
-    sigprocmask(SIG_UNBLOCK, &set, nullptr);
+    prepareChild();
 }
+#endif

@@ -26,10 +26,14 @@ signals:
     void ended(int status);
 
 private:
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     class Process : public QProcess {
     protected:
         void setupChildProcess() override;
     };
+#else
+    using Process = QProcess;
+#endif
 
     void forwardSignal();
     void reportFailure(QProcess::ProcessError error);

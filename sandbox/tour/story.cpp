@@ -311,9 +311,8 @@ void playRecipient(Tour &tour)
               {Command::Info, Command::Quit});
     tour.loads(inboxPath, [&] { tour.tap(Tab::Inbox); });
     tour.loads(conversationWith(playerId), [&] { tour.clickElement(linkTo(conversationWith(playerId))); });
-    const QString text = tour.element(QStringLiteral(".bubble.theirs"))
-                             .evaluateJavaScript(QStringLiteral("this.firstChild.textContent"))
-                             .toString();
+    const QString text
+        = tour.ofElement(QStringLiteral(".bubble.theirs"), QStringLiteral("element.firstChild.textContent")).toString();
     tour.expect(text == message, QStringLiteral("the recipient reads something else: ") + text);
     tour.show(QStringLiteral("received"), QStringLiteral("The message has arrived as it was typed"),
               {Command::Back, Command::NewMessage});

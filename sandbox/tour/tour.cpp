@@ -32,6 +32,7 @@
 #include <cstdio>
 #include <iterator>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -284,14 +285,20 @@ Badges Tour::badges() const
     return {number(Tab::Inbox), number(Tab::Friends), number(Tab::Games)};
 }
 
-QWebElement Tour::element(const QString &selector) const
+QVariant Tour::ofElement(const QString &selector, const QString &expression) const
 {
-    return part(&PageMembers::webView).page()->mainFrame()->findFirstElement(selector);
+    const QString script
+        = QStringLiteral("(function(element) { return element && (%1); })(document.querySelector(\"%2\"))");
+    return part(&PageMembers::webView)
+        .page()
+        ->mainFrame()
+        ->evaluateJavaScript(
+            script.arg(expression, QString(selector).replace(QLatin1Char('"'), QLatin1String("\\\""))));
 }
 
 QString Tour::elementText(const QString &selector) const
 {
-    return element(selector).toPlainText().trimmed();
+    return ofElement(selector, QStringLiteral("element.innerText")).toString().trimmed();
 }
 
 QString Tour::message() const
@@ -315,7 +322,7 @@ QStringList Tour::recipients() const
         return a.y() < b.y() || (qFuzzyCompare(a.y(), b.y()) && a.x() < b.x());
     });
     QStringList result;
-    for (const MButton *button : qAsConst(buttons))
+    for (const MButton *button : std::as_const(buttons))
         result << button->text();
     return result;
 }
@@ -400,11 +407,14 @@ int Tour::rowOf(const QString &text) const
     throw Failure{QStringLiteral("the popup list has no row ") + text};
 }
 
-QRectF Tour::sceneRect(const QWebElement &element) const
+QRectF Tour::sceneRect(const QString &selector) const
 {
     const MyQWebView &view = part(&PageMembers::webView);
-    const QPoint scrolled = view.page()->mainFrame()->scrollPosition();
-    return view.mapRectToScene(QRectF(element.geometry().translated(-scrolled)));
+    const QString sides = QStringLiteral("(function(r) { return [r.left, r.top, r.width, r.height]; })"
+                                         "(element.getBoundingClientRect())");
+    const QVariantList rect = ofElement(selector, sides).toList();
+    const auto pixels = [&](int side) { return rect.value(side).toDouble() * view.zoomFactor(); };
+    return view.mapRectToScene(QRectF(pixels(0), pixels(1), pixels(2), pixels(3)));
 }
 
 QImage Tour::imageAtRest()
@@ -468,11 +478,10 @@ void Tour::drag(const QPointF &from, const QPointF &to)
 
 QPointF Tour::reveal(const QString &selector)
 {
-    const QWebElement wanted = element(selector);
-    expect(!wanted.isNull(), QStringLiteral("the page has no ") + selector);
+    expect(!sceneRect(selector).isEmpty(), QStringLiteral("the page has no ") + selector);
     const QRectF sight = part(&PageMembers::webView).sceneBoundingRect() & m_window.sceneRect();
     for (int i = 0; i < mostDrags; ++i) {
-        const QPointF middle = sceneRect(wanted).center();
+        const QPointF middle = sceneRect(selector).center();
         if (sight.contains(middle))
             return middle;
         const qreal way = qBound(-longestDrag, sight.center().y() - middle.y(), longestDrag);

@@ -6,7 +6,8 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
-#include <QWebElement>
+#include <QtTest/qtesttouch.h>
+#include <QVariant>
 
 #include <functional>
 #include <vector>
@@ -17,7 +18,6 @@ class MDialog;
 class MPopupList;
 class PageMembers;
 class QGraphicsItem;
-class QTouchDevice;
 class VantuPage;
 
 /// Something that a tour counts on is not there.
@@ -96,7 +96,9 @@ public:
 
     QString path() const;
     Badges badges() const;
-    QWebElement element(const QString &selector) const;
+    /// What @p expression, a script in which "element" is the first one that @p selector finds, is worth; nothing where
+    /// there is none.
+    QVariant ofElement(const QString &selector, const QString &expression) const;
     /// Text of the first element that @p selector finds, without surrounding blanks.
     QString elementText(const QString &selector) const;
     QString message() const;
@@ -122,7 +124,8 @@ private:
     void drag(const QPointF &from, const QPointF &to);
     /// Where the element stands on the screen, after it has been dragged there.
     QPointF reveal(const QString &selector);
-    QRectF sceneRect(const QWebElement &element) const;
+    /// Where the element stands, in sight or not; an empty rectangle where there is none.
+    QRectF sceneRect(const QString &selector) const;
     QImage imageAtRest();
     void act(const std::function<void()> &action);
     QString savePicture(const QString &name, const QImage &image);
@@ -132,7 +135,7 @@ private:
     MApplicationWindow &m_window;
     VantuPage &m_page;
     const QString m_pictures;
-    QTouchDevice *m_finger;
+    decltype(QTest::createTouchDevice()) m_finger;
     QString m_step;
     int m_number = 0;
     int m_loads = 0;

@@ -77,9 +77,9 @@ public:
 private:
     QPoint onScreen(const QPointF &position) const { return m_view->mapFromScene(position); }
 
-    static QTouchDevice *device()
+    static decltype(QTest::createTouchDevice()) device()
     {
-        static QTouchDevice *touchScreen = QTest::createTouchDevice();
+        static auto *touchScreen = QTest::createTouchDevice();
         return touchScreen;
     }
 

@@ -8,17 +8,17 @@
 Visitor::Visitor(const QString &root)
     : m_root(root)
 {
-    m_page.setViewportSize(QSize(480, 664));
-    m_page.setPreferredContentsSize(QSize(320, 400));
-    m_page.mainFrame()->setZoomFactor(1.5);
-    m_page.mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
-    m_page.mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
+    m_view.setGeometry(QRectF(0, 0, 480, 664));
+    m_view.page()->setPreferredContentsSize(QSize(320, 400));
+    m_view.setZoomFactor(1.5);
+    m_view.page()->mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
+    m_view.page()->mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
 }
 
 bool Visitor::load(const QNetworkRequest &request, QNetworkAccessManager::Operation operation, const QByteArray &body)
 {
-    QSignalSpy finished(&m_page, &QWebPage::loadFinished);
-    m_page.mainFrame()->load(request, operation, body);
+    QSignalSpy finished(m_view.page(), &QWebPage::loadFinished);
+    m_view.page()->mainFrame()->load(request, operation, body);
     return finished.wait(10000) && finished.first().first().toBool();
 }
 
@@ -50,15 +50,15 @@ QString Visitor::variable(const QString &name) const
 
 QVariant Visitor::evaluate(const QString &script) const
 {
-    return m_page.mainFrame()->evaluateJavaScript(script);
+    return m_view.page()->mainFrame()->evaluateJavaScript(script);
 }
 
 QString Visitor::text() const
 {
-    return m_page.mainFrame()->toPlainText();
+    return m_view.page()->mainFrame()->toPlainText();
 }
 
 QString Visitor::path() const
 {
-    return m_page.mainFrame()->url().toString(QUrl::RemoveScheme | QUrl::RemoveAuthority);
+    return m_view.page()->mainFrame()->url().toString(QUrl::RemoveScheme | QUrl::RemoveAuthority);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QGraphicsWebView>
 #include <QNetworkAccessManager>
 #include <QWebPage>
 
@@ -23,11 +24,11 @@ public:
     QString text() const;
     /// Path and query of the page on display.
     QString path() const;
-    bool holds(const QString &text) { return m_page.findText(text, QWebPage::FindWrapsAroundDocument); }
+    bool holds(const QString &text) { return m_view.page()->findText(text, QWebPage::FindWrapsAroundDocument); }
 
 private:
     bool load(const QNetworkRequest &request, QNetworkAccessManager::Operation operation, const QByteArray &body);
 
     QString m_root;
-    QWebPage m_page;
+    QGraphicsWebView m_view;
 };

@@ -7,13 +7,16 @@
 #include <QGraphicsView>
 #include <QMouseEvent>
 #include <QTimer>
-#include <QTouchDevice>
 #include <QtTest>
-#include <QWebElement>
 #include <QWebFrame>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace {
+
+using TouchScreen = decltype(QTest::createTouchDevice());
+using TouchSequence = decltype(QTest::touchEvent(std::declval<QWidget *>(), std::declval<TouchScreen>()));
 
 const QPoint startPosition(400, 1000);
 
@@ -28,6 +31,17 @@ var seen = [];
 });
 document.getElementById('inner').value = new Array(50).join('line\n');
 </script></body></html>)";
+
+// Qt WebEngine would make taps and scrolling of its own of touches, so there they reach the page as a mouse's only.
+constexpr bool hearsTouches = QT_VERSION < QT_VERSION_CHECK(6, 0, 0);
+
+QString seenOfTouches(const char *events)
+{
+    QStringList seen = QString::fromLatin1(events).split(QLatin1Char(' '));
+    if (!hearsTouches)
+        seen.removeAll(QStringLiteral("touchstart"));
+    return seen.join(QLatin1Char(' '));
+}
 
 } // namespace
 
@@ -75,7 +89,8 @@ private slots:
         press(100, 100);
         move(129, 71);
         release(129, 71);
-        QTEST(seenByThePage(), "seen");
+        QFETCH(QString, seen);
+        QTRY_COMPARE(seenByThePage(), seen);
         QCOMPARE(moved(), QPoint());
         QVERIFY(!m_timer->isActive());
     }
@@ -109,7 +124,7 @@ private slots:
         m_timer->stop();
         QTest::mouseMove(m_window->viewport(), QPoint(300, 250));
         QTest::mouseMove(m_window->viewport(), QPoint(100, 245));
-        QCOMPARE(seenByThePage(), QStringLiteral("mousedown"));
+        QTRY_COMPARE(seenByThePage(), QStringLiteral("mousedown"));
         QCOMPARE(m_view->page()->selectedText(), QString());
     }
 
@@ -119,7 +134,7 @@ private slots:
         release(60, 240);
         mouse(QEvent::MouseButtonDblClick, {60, 241});
         release(60, 241);
-        QCOMPARE(seenByThePage(), QStringLiteral("mousedown mouseup click mousedown mouseup click"));
+        QTRY_COMPARE(seenByThePage(), QStringLiteral("mousedown mouseup click mousedown mouseup click"));
         QCOMPARE(m_view->page()->selectedText(), QString());
 
         // A drag that begins as the second tap is measured from that tap.
@@ -136,7 +151,7 @@ private slots:
         m_view->show();
         press(100, 100);
         release(100, 100);
-        QCOMPARE(seenByThePage(), QStringLiteral("mousedown mousedown mouseup click"));
+        QTRY_COMPARE(seenByThePage(), QStringLiteral("mousedown mousedown mouseup click"));
     }
 
     void flingSlowsDown()
@@ -245,15 +260,15 @@ private slots:
         QCOMPARE(moved(), QPoint(0, 22));
         touch().release(0, QPoint(200, 222), viewport);
         QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
-        QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown"));
+        QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown"));
     }
 
     void fingerTapsAlways()
     {
-        const QString tap = QStringLiteral("touchstart mousedown mouseup click");
+        const QString tap = seenOfTouches("touchstart mousedown mouseup click");
         for (const QString &expected : {tap, tap + QLatin1Char(' ') + tap}) {
             tapByFinger();
-            QCOMPARE(seenByThePage(), expected);
+            QTRY_COMPARE(seenByThePage(), expected);
         }
         QCOMPARE(m_view->page()->selectedText(), QString());
         m_view->setEditable(false);
@@ -276,17 +291,19 @@ private slots:
         touch().move(5, QPoint(50, 50), viewport);
         touch().release(5, QPoint(50, 50), viewport);
         QCOMPARE(moved(), QPoint(0, 40));
-        QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown touchstart"));
+        QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown touchstart"));
     }
 
     void scriptMayKeepTheTouch()
     {
+        if (!hearsTouches)
+            QSKIP("Pages hear of touches only what they do as a mouse");
         QWidget *viewport = m_window->viewport();
         script("document.addEventListener('touchstart', function(event) { event.preventDefault(); }, true)");
         touch().press(0, QPoint(200, 200), viewport);
         touch().move(0, QPoint(200, 260), viewport);
         touch().release(0, QPoint(200, 260), viewport);
-        QCOMPARE(seenByThePage(), QStringLiteral("touchstart"));
+        QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart"));
         QCOMPARE(moved(), QPoint());
     }
 
@@ -299,7 +316,7 @@ private slots:
         QApplication::sendEvent(viewport, &cancel);
         script("seen = []");
         tapByFinger();
-        QCOMPARE(seenByThePage(), QStringLiteral("touchstart mousedown mouseup click"));
+        QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown mouseup click"));
     }
 
 private:
@@ -325,7 +342,7 @@ private:
         touch().press(0, QPoint(60, 240), m_window->viewport());
         touch().release(0, QPoint(60, 240), m_window->viewport());
     }
-    QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_window->viewport(), m_screen); }
+    TouchSequence touch() { return QTest::touchEvent(m_window->viewport(), m_screen); }
     bool wheel(const QPoint &position, int delta)
     {
         QWidget *viewport = m_window->viewport();
@@ -353,7 +370,7 @@ private:
         return steps;
     }
 
-    QTouchDevice *m_screen = QTest::createTouchDevice();
+    TouchScreen m_screen = QTest::createTouchDevice();
     QScopedPointer<QGraphicsView> m_window;
     MyQWebView *m_view = nullptr;
     QTimer *m_timer = nullptr;
