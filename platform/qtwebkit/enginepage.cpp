@@ -33,10 +33,14 @@ const char BRIDGE[] = R"((function() {
         const policy = document.createElement('meta');
         policy.httpEquiv = 'Content-Security-Policy';
         policy.content = "script-src 'none'";
-        const head = document.createElement('head');
+        // A policy counts once it has stood in a document's head; the parser makes a head of its own.
+        const hadRoot = document.documentElement !== null;
+        const root = document.documentElement || document.appendChild(document.createElement('html'));
+        const head = root.appendChild(document.createElement('head'));
         head.append(policy);
-        document.documentElement.append(head);
         head.remove();
+        if (!hadRoot)
+            root.remove();
     }
     for (const script of commit.scripts || [])
         (0, eval)(script);
@@ -220,8 +224,11 @@ void EnginePage::end(bool ok)
 void EnginePage::fail(QWebPage::ErrorDomain domain, int error, const QString &text)
 {
     // What was asked for takes the place of the page before also where it does not come; a link's page stays.
-    if (m_isAsked && !m_isCommitted)
+    if (m_isAsked && !m_isCommitted) {
         tell(QStringLiteral("document.documentElement.replaceChildren()"));
+        m_isLeft = true;
+        m_objects.clear();
+    }
     if (m_page.supportsExtension(QWebPage::ErrorPageExtension)) {
         QWebPage::ErrorPageExtensionOption option;
         option.url = m_address;
@@ -290,6 +297,7 @@ void EnginePage::onEngineUrl(const QUrl &url)
 void EnginePage::commit(const QUrl &url)
 {
     const QPointer<EnginePage> self(this);
+    m_isLeft = false;
     m_objects.clear();
     m_patience.stop();
     if (m_isLoading && !m_isCommitted) {
@@ -344,7 +352,7 @@ void EnginePage::onRendererGone()
 
 QVariant EnginePage::evaluate(const QString &script, quint32 world)
 {
-    const bool isScriptless = !webSettings.testAttribute(QWebSettings::JavascriptEnabled);
+    const bool isScriptless = m_isLeft || !webSettings.testAttribute(QWebSettings::JavascriptEnabled);
     if (!m_isAnyPageThere || (isScriptless && world == QWebEngineScript::MainWorld))
         return QVariant();
     if (m_isBeginning && world == QWebEngineScript::MainWorld) {

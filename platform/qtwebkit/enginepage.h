@@ -85,6 +85,7 @@ private:
     bool m_isAsked = false; ///< not by the page itself
     bool m_isOwnStart = false; ///< the engine has not told yet of the start of the load that was asked for
     bool m_isScriptless = false; ///< the document's scripts are switched off
+    bool m_isLeft = false; ///< what should have taken the document's place did not come
     bool m_isAnyPageThere = false;
     int m_callDepth = 0; ///< of calls from scripts, which the engine waits for
     int m_unanswered = 0; ///< scripts that were waited for in vain
