@@ -115,6 +115,7 @@ private:
             child.path = path.path();
             found.append(child);
         }
+        list.endArray();
         return found;
     }
 
