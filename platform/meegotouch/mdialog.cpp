@@ -107,13 +107,7 @@ void MDialog::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget
 
 void MDialog::paintGlass(QPainter *painter) const
 {
-    // Rings that overlap more the nearer they are: the shadow is deepest at the edge.
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(MStyle::glassShadow);
-    for (int i = MStyle::glassShadowWidth; i > 0; --i) {
-        const qreal radius = MStyle::popupRadius + i;
-        painter->drawRoundedRect(m_box.adjusted(-i, 4 - i, i, 4 + i), radius, radius);
-    }
+    paintShadow(painter);
     QLinearGradient glass(m_box.topLeft(), m_box.bottomLeft());
     glass.setColorAt(0, MStyle::glassTop);
     glass.setColorAt(qBound(0.0, MStyle::titleBarHeight / m_box.height(), 0.5), MStyle::glassMiddle);
@@ -124,6 +118,25 @@ void MDialog::paintGlass(QPainter *painter) const
     painter->setBrush(glass);
     painter->setPen(QPen(edge, 1));
     painter->drawRoundedRect(m_box.adjusted(0.5, 0.5, -0.5, -0.5), MStyle::popupRadius, MStyle::popupRadius);
+}
+
+void MDialog::paintShadow(QPainter *painter) const
+{
+    painter->save();
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(MStyle::glassShadow);
+    // Beneath the glass it would be painted for nothing.
+    const QRect covered = m_box.adjusted(5, 5, -5, -5).toAlignedRect();
+    painter->setClipRegion(QRegion(rect().toAlignedRect()) - covered);
+    // Rings that lie the closer together the nearer they are: the shadow ends softly.
+    const QRectF box = m_box.translated(0, MStyle::glassShadowDrop);
+    for (int ring = MStyle::glassShadowRings; ring > 0; --ring) {
+        const qreal part = qreal(ring) / MStyle::glassShadowRings;
+        const qreal out = MStyle::glassShadowWidth * part * part;
+        const qreal radius = MStyle::popupRadius + out;
+        painter->drawRoundedRect(box.adjusted(-out, -out, out, out), radius, radius);
+    }
+    painter->restore();
 }
 
 void MDialog::paintTitle(QPainter *painter) const

@@ -72,6 +72,7 @@ private:
     void addButton(const QString &text, void (MDialog::*answer)());
     void finish(int result);
     void paintGlass(QPainter *painter) const;
+    void paintShadow(QPainter *painter) const;
     void paintTitle(QPainter *painter) const;
 
     QString m_title;
