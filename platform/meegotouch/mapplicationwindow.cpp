@@ -88,6 +88,7 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
     resize(openingSize(sceneSize(), screen()->availableSize() - QSize(0, titleBar)));
     m_fillsScreen = fillsScreen(sceneSize(), screen()->size());
     if (m_fillsScreen) {
+        resize(screen()->size()); // An X11 display without a window manager takes no notice of a window's state.
         // While the keyboard is up it is not full screen; it needs no frame then either.
         setWindowFlag(Qt::FramelessWindowHint);
         setWindowState(Qt::WindowFullScreen);
