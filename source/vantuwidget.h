@@ -171,6 +171,7 @@ protected:
 private:
     void initUI();
     void initHeader();
+    void keepTitleClear();
     void initWebView();
     void initComposer();
     void initFooter();

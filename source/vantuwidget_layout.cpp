@@ -49,7 +49,6 @@ void VantuPage::initHeader()
     lblWebTitle->setWordWrap(true);
     lblWebTitle->setWordWrapMode(QTextOption::WordWrap);
     lblWebTitle->setColor(Qt::white);
-    lblWebTitle->setContentsMargins(10, 0, 10, 0); // The quit button lies across its end.
     lblWebTitle->setAccessibleRole(QAccessible::Heading);
     mainPolicy->addItemAtGeometry(lblWebTitle, QRectF(64, 0, 352, 58));
 
@@ -57,6 +56,7 @@ void VantuPage::initHeader()
     const int width = g_nScreenWidth;
     const auto place = [this](MButton *button, Command command, const QRectF &rect) {
         button->setVisible(button == btnQuit);
+        connect(button, &QGraphicsObject::visibleChanged, lblWebTitle, [this] { keepTitleClear(); });
         mainPolicy->addItemAtGeometry(button, rect);
         selectButtons->addButton(button, static_cast<int>(command));
     };
@@ -85,6 +85,22 @@ void VantuPage::initHeader()
     btnRecommend->setAccessibleName(localized(NAME_RECOMMEND));
     btnInteract->setAccessibleName(localized(TXT_INTERACT));
     btnAdd->setAccessibleName(localized(NAME_ADD_FRIENDS));
+}
+
+/// Some buttons lie across the title's ends: it gets the room between those on display, and stays in the middle.
+void VantuPage::keepTitleClear()
+{
+    constexpr qreal air = 6;
+    const QRectF title = lblWebTitle->geometry();
+    qreal margin = 0;
+    const QList<MButton *> buttons = selectButtons->buttons();
+    for (const MButton *button : buttons) {
+        const QRectF place = button->geometry();
+        const bool isLeft = place.center().x() < title.center().x();
+        if (button->isVisible())
+            margin = qMax(margin, isLeft ? place.right() - title.left() : title.right() - place.left());
+    }
+    lblWebTitle->setContentsMargins(margin + air, 0, margin + air, 0);
 }
 
 void VantuPage::initWebView()

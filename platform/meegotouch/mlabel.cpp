@@ -163,6 +163,13 @@ QSizeF MLabel::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
     return QSizeF(width, std::ceil(lines.size() * metrics.lineSpacing()));
 }
 
+bool MLabel::event(QEvent *event)
+{
+    if (event->type() == QEvent::ContentsRectChange)
+        textChanged();
+    return MWidget::event(event);
+}
+
 void MLabel::changeEvent(QEvent *event)
 {
     MWidget::changeEvent(event);

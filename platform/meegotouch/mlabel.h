@@ -39,6 +39,7 @@ public:
 protected:
     QString shownText() const override { return m_text; }
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QGraphicsSceneResizeEvent *event) override;
 

@@ -45,8 +45,12 @@ private slots:
         };
         for (const auto &[widget, place] : places)
             QCOMPARE(widget->mapRectToScene(widget->rect()), place);
-        for (int id = 0; id < 10; ++id)
-            QVERIFY(page.selectButtons->button(id));
+        for (int id = 0; id < 10; ++id) {
+            MButton *button = page.selectButtons->button(id);
+            button->show();
+            const QRectF title = page.lblWebTitle->mapRectToScene(page.lblWebTitle->contentsRect());
+            QVERIFY(title.isValid() && !title.intersects(button->geometry()));
+        }
         QCOMPARE(page.selectButtons->button(9), page.btnEdit);
         QCOMPARE(page.toggleButtons->button(3), page.btnGame);
     }
