@@ -10,7 +10,7 @@
 
 /// The header's commands, in the order of their button ids.
 enum class Command { Back, Info, Quit, NewMessage, Recommend, Interact, Add, Cancel, Send, Edit };
-inline constexpr std::size_t K_COMMAND_COUNT = 10;
+inline constexpr std::size_t commandCount = 10;
 
 /// The footer's tabs, in the order of their button ids.
 enum class Tab { Home, Inbox, Friends, Games };
@@ -18,7 +18,7 @@ enum class Tab { Home, Inbox, Friends, Games };
 /// Which parts of the native chrome one page of the service allows.
 struct ChromeVisibility {
     bool tabs = false; ///< all four or none
-    std::bitset<K_COMMAND_COUNT> commands; ///< a bit for each command's id
+    std::bitset<commandCount> commands; ///< a bit for each command's id
 
     bool shows(Command command) const { return commands[static_cast<std::size_t>(command)]; }
 };

@@ -9,20 +9,20 @@
 namespace {
 
 // The picture, in scene pixels around its middle.
-constexpr qreal K_LINE_WIDTH = 7;
-constexpr QPointF K_CLOUD_CENTRE(0, -55);
-constexpr QPointF K_ARROW_CENTRE(0, 60);
-constexpr qreal K_DISC_RADIUS = 40;
-constexpr qreal K_ARROW_RADIUS = 19;
-constexpr qreal K_ARROW_HEAD = 11;
-constexpr int K_ARROW_START = 40; // degrees, against the clock from three o'clock
-constexpr int K_ARROW_SPAN = 290;
+constexpr qreal lineWidth = 7;
+constexpr QPointF cloudCentre(0, -55);
+constexpr QPointF arrowCentre(0, 60);
+constexpr qreal discRadius = 40;
+constexpr qreal arrowRadius = 19;
+constexpr qreal arrowHead = 11;
+constexpr int arrowStart = 40; // degrees, against the clock from three o'clock
+constexpr int arrowSpan = 290;
 
-constexpr QColor K_TOP(0, 0, 0);
-constexpr QColor K_BOTTOM(70, 96, 112);
-constexpr QColor K_INK(233, 239, 243);
-constexpr QColor K_DISC(10, 84, 131);
-constexpr QColor K_DISC_DOWN(39, 140, 194);
+constexpr QColor backgroundTop(0, 0, 0);
+constexpr QColor backgroundBottom(70, 96, 112);
+constexpr QColor ink(233, 239, 243);
+constexpr QColor disc(10, 84, 131);
+constexpr QColor discDown(39, 140, 194);
 
 void drawCloud(QPainter *painter)
 {
@@ -37,37 +37,37 @@ void drawCloud(QPainter *painter)
     QPainterPath cut(QPointF(-54, 48));
     cut.lineTo(58, -50);
     QPainterPathStroker gap;
-    gap.setWidth(3 * K_LINE_WIDTH);
+    gap.setWidth(3 * lineWidth);
     QPainterPath around;
-    around.addRect(cloud.boundingRect().adjusted(-K_LINE_WIDTH, -K_LINE_WIDTH, K_LINE_WIDTH, K_LINE_WIDTH));
+    around.addRect(cloud.boundingRect().adjusted(-lineWidth, -lineWidth, lineWidth, lineWidth));
     painter->save();
     painter->setClipPath(around - gap.createStroke(cut));
-    painter->setPen(QPen(K_INK, K_LINE_WIDTH, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->setPen(QPen(ink, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter->setBrush(Qt::NoBrush);
     painter->drawPath(cloud.simplified());
     painter->restore();
-    painter->setPen(QPen(K_INK, K_LINE_WIDTH, Qt::SolidLine, Qt::RoundCap));
+    painter->setPen(QPen(ink, lineWidth, Qt::SolidLine, Qt::RoundCap));
     painter->drawPath(cut);
 }
 
 void drawRoundArrow(QPainter *painter, bool down)
 {
-    painter->setPen(QPen(K_INK, 2));
-    painter->setBrush(down ? K_DISC_DOWN : K_DISC);
-    painter->drawEllipse(QPointF(), K_DISC_RADIUS, K_DISC_RADIUS);
+    painter->setPen(QPen(ink, 2));
+    painter->setBrush(down ? discDown : disc);
+    painter->drawEllipse(QPointF(), discRadius, discRadius);
 
-    const QRectF circle(-K_ARROW_RADIUS, -K_ARROW_RADIUS, 2 * K_ARROW_RADIUS, 2 * K_ARROW_RADIUS);
-    painter->setPen(QPen(K_INK, 5, Qt::SolidLine, Qt::FlatCap));
-    painter->drawArc(circle, K_ARROW_START * 16, K_ARROW_SPAN * 16);
+    const QRectF circle(-arrowRadius, -arrowRadius, 2 * arrowRadius, 2 * arrowRadius);
+    painter->setPen(QPen(ink, 5, Qt::SolidLine, Qt::FlatCap));
+    painter->drawArc(circle, arrowStart * 16, arrowSpan * 16);
 
     // The head sits at the start of the arc and points with the clock.
-    const qreal angle = qDegreesToRadians(qreal(K_ARROW_START));
+    const qreal angle = qDegreesToRadians(qreal(arrowStart));
     painter->save();
-    painter->translate(K_ARROW_RADIUS * qCos(angle), -K_ARROW_RADIUS * qSin(angle));
-    painter->rotate(90 - K_ARROW_START);
+    painter->translate(arrowRadius * qCos(angle), -arrowRadius * qSin(angle));
+    painter->rotate(90 - arrowStart);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(K_INK);
-    painter->drawPolygon(QPolygonF({{0, -K_ARROW_HEAD}, {K_ARROW_HEAD, 0}, {0, K_ARROW_HEAD}}));
+    painter->setBrush(ink);
+    painter->drawPolygon(QPolygonF({{0, -arrowHead}, {arrowHead, 0}, {0, arrowHead}}));
     painter->restore();
 }
 
@@ -82,15 +82,15 @@ RetryButton::RetryButton(QGraphicsItem *parent)
 void RetryButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
     QLinearGradient background(0, 0, 0, size().height());
-    background.setColorAt(0, K_TOP);
-    background.setColorAt(1, K_BOTTOM);
+    background.setColorAt(0, backgroundTop);
+    background.setColorAt(1, backgroundBottom);
     painter->fillRect(rect(), background);
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(rect().center() + K_CLOUD_CENTRE);
+    painter->translate(rect().center() + cloudCentre);
     drawCloud(painter);
-    painter->translate(K_ARROW_CENTRE - K_CLOUD_CENTRE);
+    painter->translate(arrowCentre - cloudCentre);
     drawRoundArrow(painter, isDown());
     painter->restore();
 }

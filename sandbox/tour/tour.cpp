@@ -46,7 +46,7 @@ constexpr qreal longestDrag = 300; // scene pixels
 constexpr int dragSteps = 10;
 constexpr int mostDrags = 20;
 
-constexpr const char *commandNames[K_COMMAND_COUNT]
+constexpr const char *commandNames[commandCount]
     = {"back", "info", "quit", "new message", "recommend", "interact", "add", "cancel", "send", "edit"};
 
 QString names(const std::vector<Command> &commands)
@@ -372,7 +372,7 @@ void Tour::reportFailure(const QString &reason)
 std::vector<Command> Tour::visibleCommands() const
 {
     std::vector<Command> result;
-    for (std::size_t id = 0; id < K_COMMAND_COUNT; ++id) {
+    for (std::size_t id = 0; id < commandCount; ++id) {
         const auto command = static_cast<Command>(id);
         if (m_page.button(command)->isVisible())
             result.push_back(command);
