@@ -87,34 +87,48 @@ public:
 
 MTextEdit::MTextEdit(MTextEditModel::LineMode mode, const QString &text, QGraphicsItem *parent)
     : MWidget(parent)
+    , m_mode(mode)
     , m_proxy(new QGraphicsProxyWidget(this))
-    , m_editor(mode == MTextEditModel::SingleLine ? makeLine() : makeArea())
     , m_bar(new MPositionBar(this))
     , m_tracker(this)
 {
-    QFont textFont = m_editor->font();
-    textFont.setPixelSize(MStyle::fontPixelSize);
-    m_editor->setFont(textFont);
-    m_editor->setPalette(fieldPalette());
-    m_editor->setMinimumSize(1, 1);
-    m_editor->installEventFilter(this);
-    // A proxy passes the focus, and what input methods write, to the widget in it that had the focus last.
-    m_editor->setFocus();
-    m_proxy->setWidget(m_editor);
     setFocusProxy(m_proxy);
     setFocusPolicy(Qt::StrongFocus);
     setFiltersChildEvents(true);
-    setContentType(M::FreeTextContentType);
     setText(text);
+    if (scene() && isVisible()) // by its parent
+        makeEditor();
 }
 
 MTextEdit::~MTextEdit()
 {
+    if (!m_editor)
+        return;
     // The editor goes with its proxy, after this class is gone; it need not tell of its last changes.
     m_editor->removeEventFilter(this);
     m_editor->disconnect(this);
     if (m_area)
         m_area->verticalScrollBar()->disconnect(this);
+}
+
+void MTextEdit::makeEditor()
+{
+    if (m_editor)
+        return;
+    m_editor = m_mode == MTextEditModel::SingleLine ? makeLine() : makeArea();
+    QFont textFont = m_editor->font();
+    textFont.setPixelSize(MStyle::fontPixelSize);
+    m_editor->setFont(textFont);
+    m_editor->setPalette(fieldPalette());
+    m_editor->setMinimumSize(1, 1);
+    m_editor->setFocusPolicy(focusPolicy());
+    m_editor->installEventFilter(this);
+    // A proxy passes the focus, and what input methods write, to the widget in it that had the focus last.
+    m_editor->setFocus();
+    m_proxy->setWidget(m_editor);
+    if (!rect().isEmpty()) // else the editor would scroll in the little that it gets
+        placeEditor();
+    setContentType(m_contentType);
 }
 
 QWidget *MTextEdit::makeLine()
@@ -146,11 +160,16 @@ QWidget *MTextEdit::makeArea()
 
 QString MTextEdit::text() const
 {
+    if (!m_editor)
+        return QString();
     return m_line ? m_line->text() : m_area->toPlainText();
 }
 
 void MTextEdit::setText(const QString &text)
 {
+    if (!m_editor && text.isEmpty())
+        return;
+    makeEditor();
     m_tracker.stop();
     if (m_line)
         m_line->setText(text);
@@ -166,6 +185,8 @@ void MTextEdit::clear()
 void MTextEdit::setContentType(M::TextContentType type)
 {
     m_contentType = type;
+    if (!m_editor)
+        return;
     const Qt::InputMethodHints multiLine = m_area ? Qt::ImhMultiLine : Qt::ImhNone;
     m_editor->setInputMethodHints(hintsFor(type) | multiLine);
     m_proxy->setInputMethodHints(m_editor->inputMethodHints());
@@ -178,7 +199,8 @@ Qt::FocusPolicy MTextEdit::focusPolicy() const
 
 void MTextEdit::setFocusPolicy(Qt::FocusPolicy policy)
 {
-    m_editor->setFocusPolicy(policy);
+    if (m_editor)
+        m_editor->setFocusPolicy(policy);
     m_proxy->setFocusPolicy(policy);
     // The edge around the editor leads into it too, but Tab stops here only once.
     MWidget::setFocusPolicy(Qt::FocusPolicy(policy & ~Qt::TabFocus));
@@ -301,6 +323,8 @@ void MTextEdit::showMenu()
 
 QVariant MTextEdit::itemChange(GraphicsItemChange change, const QVariant &value)
 {
+    if ((change == ItemVisibleHasChanged || change == ItemSceneHasChanged) && scene() && isVisible())
+        makeEditor();
     // The editor has it, on the field's behalf.
     if (change == ItemVisibleChange && !value.toBool() && hasFocus())
         m_proxy->clearFocus();
@@ -318,7 +342,8 @@ QSizeF MTextEdit::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
     if (which == Qt::MinimumSize)
         return QSizeF(0, 0);
     if (which == Qt::PreferredSize)
-        return QSizeF(MStyle::fieldWidth, m_line ? MStyle::fieldHeight : MStyle::fieldMultiLineHeight);
+        return QSizeF(MStyle::fieldWidth,
+                      m_mode == MTextEditModel::SingleLine ? MStyle::fieldHeight : MStyle::fieldMultiLineHeight);
     return MWidget::sizeHint(which, constraint);
 }
 
@@ -332,6 +357,11 @@ void MTextEdit::changeEvent(QEvent *event)
 void MTextEdit::resizeEvent(QGraphicsSceneResizeEvent *event)
 {
     MWidget::resizeEvent(event);
+    placeEditor();
+}
+
+void MTextEdit::placeEditor()
+{
     // The editor is a plain rectangle: it has to keep off the round corners.
     constexpr qreal inset = MStyle::fieldInset;
     m_proxy->setGeometry(rect().adjusted(inset, inset, -inset, -inset));

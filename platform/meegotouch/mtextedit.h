@@ -21,7 +21,7 @@ public:
 /// A field for plain text: dark on light, with Qt's own editor in it, so that cursor, selection, clipboard, undo and
 /// input methods work as everywhere; a finger pans a text that is longer than the field. Asks for the software keyboard
 /// when it gets the focus. Key releases that mean nothing to the editor, Return among them, go on to the items that it
-/// lies in.
+/// lies in. The editor is made when the field is first shown or written into: a start has no time for hidden ones.
 class MTextEdit : public MWidget {
     Q_OBJECT
 
@@ -62,18 +62,21 @@ protected:
     void resizeEvent(QGraphicsSceneResizeEvent *event) override;
 
 private:
+    void makeEditor();
     QWidget *makeLine();
     QWidget *makeArea();
+    void placeEditor();
     bool holdBackPress(QGraphicsSceneMouseEvent *event);
     void deliverPress(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release);
     void showMenu();
     void showPosition();
 
+    MTextEditModel::LineMode m_mode;
     // The proxy is a child item and owns the editor: one of m_line and m_area, as the line mode says.
     QGraphicsProxyWidget *m_proxy;
     QLineEdit *m_line = nullptr;
     QTextEdit *m_area = nullptr;
-    QWidget *m_editor;
+    QWidget *m_editor = nullptr;
     MPositionBar *m_bar; // a child item
     MPanTracker m_tracker;
     bool m_panned = false; // since the last press
