@@ -11,6 +11,6 @@ int main(int argc, char **argv)
         return 2;
     BareWindow window;
     window.show();
-    window.webView.setUrl(QUrl(QString::fromLocal8Bit(argv[1])));
+    window.setUrl(QUrl(QString::fromLocal8Bit(argv[1])));
     return QApplication::exec();
 }

@@ -47,10 +47,22 @@ void report(const char *measure, const char *unit, const Samples &companion, con
     const double ratio = bare.isEmpty() ? 0 : ratioOf(companion, bare);
     QByteArray limit = "-";
     QByteArray verdict = "-";
-    if (budget.kind != Budget::None) {
-        const bool isRatio = budget.kind == Budget::Ratio;
-        limit = number(budget.limit) + (isRatio ? QByteArrayLiteral(" x") : ' ' + QByteArray(unit));
-        verdict = (isRatio ? ratio : median(companion)) <= budget.limit ? "ok" : "over";
+    const auto judge = [&](double figure, const QByteArray &text) {
+        limit = text;
+        verdict = figure <= budget.limit ? "ok" : "over";
+    };
+    switch (budget.kind) {
+    case Budget::Ratio:
+        judge(ratio, number(budget.limit) + " x");
+        break;
+    case Budget::Difference:
+        judge(median(companion) - median(bare), '+' + number(budget.limit) + ' ' + unit);
+        break;
+    case Budget::Absolute:
+        judge(median(companion), number(budget.limit) + ' ' + unit);
+        break;
+    case Budget::None:
+        break;
     }
     std::printf("%s\t%s\t%s\t%s\t%s\t%s\t%s\n", measure, qgetenv("QT_QPA_PLATFORM").constData(),
                 figure(companion, unit).constData(), figure(bare, unit).constData(),

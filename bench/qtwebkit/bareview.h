@@ -27,12 +27,15 @@ class BareWindow : public QGraphicsView {
 public:
     BareWindow();
 
+    void setUrl(const QUrl &url) { m_webView.setUrl(url); }
+
+signals:
+    void loadFinished(bool ok);
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     QGraphicsScene m_scene;
-
-public:
-    BareWebView webView;
+    BareWebView m_webView;
 };

@@ -37,7 +37,8 @@ BareWindow::BareWindow()
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scene.addItem(&webView);
+    m_scene.addItem(&m_webView);
+    connect(&m_webView, &QGraphicsWebView::loadFinished, this, &BareWindow::loadFinished);
     setScene(&m_scene);
     // The companion opens as large as the screen allows; so that both draw as much, so does this.
     const QSize room = screen()->availableSize() - QSize(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
