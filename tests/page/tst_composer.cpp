@@ -263,11 +263,20 @@ private slots:
         TestPage &page = *portal.page;
         const auto press = [&portal](Qt::Key key) { QTest::keyClick(&portal.window, key); };
         QVERIFY(QTest::qWaitForWindowActive(&portal.window));
-        portal.loadPage(QStringLiteral("/vantu/messages/index"));
+        const QString inbox = QStringLiteral("/vantu/messages/index");
+        const QString conversation = inbox + QStringLiteral("/uid/p3");
+        portal.loadPage(inbox, {}, QStringLiteral("<a href='%1'>Ann</a>").arg(conversation));
+        portal.service.answer(conversation, {TestService::page({})});
         portal.service.answer(QStringLiteral("/vantu/account/index/uid/p3"), {TestService::page(ann)});
         const QByteArray list = "<a href='/vantu/info/'>x</a><br><a href='/vantu/account/index/uid/p3'>Ann</a>";
         portal.service.answer(QStringLiteral("/vantu/friends"), {list});
         press(Qt::Key_Tab);
+        QVERIFY(page.btnNewMessage->hasFocus());
+        press(Qt::Key_Tab);
+        press(Qt::Key_Tab); // in the page, to its link
+        portal.waitForLoad([&] { press(Qt::Key_Return); });
+        QCOMPARE(portal.shownUrl(), Portal::url(conversation));
+        press(Qt::Key_Backtab);
         QVERIFY(page.btnNewMessage->hasFocus());
         press(Qt::Key_Return);
         QCOMPARE(page.state, SendMessageState);

@@ -136,6 +136,8 @@ private slots:
         QTest::keyClicks(&window, QStringLiteral("down"));
         QCOMPARE(above.typed, QStringLiteral("up"));
         QCOMPARE(below.typed, QStringLiteral("down"));
+        QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
+        QVERIFY(!window.isVisible());
     }
 
     void secondTapActsOnNothingNew_data()

@@ -236,6 +236,10 @@ private slots:
         QTest::keyClick(m_window->viewport(), static_cast<Qt::Key>(key));
         QCOMPARE(frame()->scrollPosition().x(), startPosition.x());
         QTEST(frame()->scrollPosition().y(), "expected");
+        // A bar at the edge shows the place.
+        const QImage shown = m_window->grab().toImage();
+        const int middle = 664 * (frame()->scrollPosition().y() + 332) / 9000;
+        QVERIFY(shown.pixel(476, middle) != shown.pixel(476, (middle + 332) % 664));
     }
 
     void keysServeTheFocusedFieldFirst()
