@@ -130,6 +130,9 @@ inline constexpr auto TXT_SUBJECT = texts<32>(u"Subject: ", u"Objet: ", u"Betref
 /// milliseconds. Shorter in tests.
 extern const int K_WAY_OUT_DELAY;
 
+/// After how long one of the companion's own posts is given up, in milliseconds. Shorter in tests.
+extern const int K_POST_TIMEOUT;
+
 /// Scheme and host of the service, without a closing slash. This and the links below are the deployment's: each
 /// executable takes them from the one that it is linked with.
 extern const char K_SERVICE_ROOT[];

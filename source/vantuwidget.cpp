@@ -25,8 +25,6 @@
 
 namespace {
 
-constexpr int postTimeoutMilliseconds = 30000;
-
 template <typename Object> void destroy(Object *&object)
 {
     delete object;
@@ -63,7 +61,7 @@ VantuPage::VantuPage(QGraphicsItem *parent)
     nwAccessMgr = new QNetworkAccessManager;
     nwAccessMgr->setAutoDeleteReplies(true);
     // Only so many go out at a time: posts that are never answered must not hold up later ones for ever.
-    nwAccessMgr->setTransferTimeout(postTimeoutMilliseconds);
+    nwAccessMgr->setTransferTimeout(K_POST_TIMEOUT);
 }
 
 void VantuPage::connectUI()

@@ -11,10 +11,14 @@
 #include "maccessibility.h"
 #include "mlabel.h"
 
+#include <QIODevice>
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QWebFrame>
 #include <QWebPage>
+
+#include <algorithm>
 
 namespace {
 
@@ -32,6 +36,32 @@ void setBadge(ToggleButton *tab, const QString &count)
     tab->update();
     MAccessibility::tell(tab, QAccessible::NameChanged);
 }
+
+/// The body of a post that goes out once: where a service takes it and hangs up without an answer, the network would
+/// send it again, and the message would arrive twice.
+class SingleUse : public QIODevice {
+public:
+    explicit SingleUse(const QByteArray &content)
+        : m_content(content)
+    {
+        open(ReadOnly | Unbuffered);
+    }
+
+    qint64 size() const override { return m_content.size(); }
+    bool reset() override { return false; }
+
+protected:
+    qint64 readData(char *to, qint64 most) override
+    {
+        const QByteArray part = m_content.mid(static_cast<int>(pos()), static_cast<int>(most));
+        std::copy(part.begin(), part.end(), to);
+        return part.size();
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    const QByteArray m_content;
+};
 
 } // namespace
 
@@ -147,5 +177,6 @@ void VantuPage::post(const QUrl &url, const QByteArray &body)
     QNetworkRequest request(url);
     if (!body.isEmpty())
         request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
-    nwAccessMgr->post(request, body);
+    auto *content = new SingleUse(body);
+    content->setParent(nwAccessMgr->post(request, content));
 }

@@ -11,6 +11,10 @@
 #include "mprogressindicator.h"
 #include "mtextedit.h"
 
+#include <QNetworkProxy>
+#include <QNetworkReply>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QWebSettings>
 
 using Variables = QMap<QString, QString>;
@@ -103,6 +107,33 @@ private slots:
         QCOMPARE(QUrl::fromPercentEncoding(post.body.mid(post.body.indexOf("message=") + 8)),
                  QStringLiteral(u"1+1=2 & ½\nça va?"));
         QVERIFY(post.cookie.isEmpty());
+    }
+
+    void postsGoOutOnceAndAreGivenUp()
+    {
+        Portal portal;
+        QTcpServer service;
+        QVERIFY(service.listen(QHostAddress::LocalHost));
+        QByteArray taken;
+        bool hangsUp = false;
+        connect(&service, &QTcpServer::newConnection, this, [&] {
+            QTcpSocket *visitor = service.nextPendingConnection();
+            connect(visitor, &QTcpSocket::readyRead, this, [&, visitor] {
+                taken += visitor->readAll();
+                if (hangsUp && taken.endsWith("message="))
+                    visitor->close();
+            });
+        });
+        QNetworkAccessManager &network = *portal.page->nwAccessMgr;
+        network.setProxy(QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), service.serverPort()));
+        for (int i = 0; i < 6; ++i) // As many as go out at a time.
+            portal.page->doSendMessage();
+        QTRY_COMPARE(taken.count("message="), 6);
+        QTRY_VERIFY(network.findChildren<QNetworkReply *>().isEmpty());
+        hangsUp = true;
+        portal.page->doSendMessage();
+        QTRY_VERIFY(network.findChildren<QNetworkReply *>().isEmpty());
+        QCOMPARE(taken.count("message="), 7);
     }
 
     void cancelReturnsToThePageBefore()
