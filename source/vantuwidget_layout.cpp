@@ -213,7 +213,12 @@ void VantuPage::paint(QPainter *painter, const QStyleOptionGraphicsItem *option,
     Q_UNUSED(widget);
     const QRectF whole(QPointF(0, 0), size());
     if (state == Normal) {
-        painter->fillRect(whole, Qt::black);
+        // Not beneath the web view, which has a background of its own: each step of a drag would paint both.
+        QRegion around(whole.toRect());
+        if (webView->isVisible())
+            around -= webView->geometry().toRect().adjusted(2, 2, -2, -2);
+        for (const QRect &part : around)
+            painter->fillRect(part, Qt::black);
         return;
     }
     painter->fillRect(whole, Qt::white);
