@@ -256,6 +256,7 @@ void MyQWebView::scrollPage(int x, int y)
     page()->mainFrame()->scroll(x, y);
     if (!m_positionBar)
         m_positionBar = new MPositionBar(this);
-    m_positionBar->show(rect(), page()->mainFrame()->contentsSize().height(),
+    const QRectF besideRing = rect().adjusted(0, 0, m_focusRing ? -MFocusRing::width() : 0, 0);
+    m_positionBar->show(besideRing, page()->mainFrame()->contentsSize().height(),
                         page()->mainFrame()->scrollPosition().y());
 }

@@ -26,6 +26,11 @@ MFocusRing::MFocusRing(QGraphicsItem *parent)
     setAcceptedMouseButtons(Qt::NoButton);
 }
 
+qreal MFocusRing::width()
+{
+    return fullWidth;
+}
+
 void MFocusRing::surround(const QRectF &rect, qreal radius)
 {
     constexpr qreal out = MStyle::focusRingAir + fullWidth / 2;

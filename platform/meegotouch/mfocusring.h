@@ -9,10 +9,13 @@ class MFocusRing : public QGraphicsItem {
 public:
     explicit MFocusRing(QGraphicsItem *parent);
 
+    /// The ring's own, with its edges.
+    static qreal width();
+
     /// Goes around @p rect, with a little air, and stays inside what clips its parent. @p radius is that of the
     /// corners of @p rect.
     void surround(const QRectF &rect, qreal radius);
-    /// Goes along the inside of @p rect.
+    /// Goes along the inside of @p rect, of which it leaves what lies width() further in.
     void line(const QRectF &rect);
 
     QRectF boundingRect() const override;

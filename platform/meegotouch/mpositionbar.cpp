@@ -12,19 +12,23 @@ MPositionBar::MPositionBar(QGraphicsItem *parent)
     setAcceptedMouseButtons(Qt::NoButton);
     setZValue(1);
     hide();
-    auto *fading = new QPropertyAnimation(this, "opacity");
-    fading->setDuration(MStyle::positionBarFadeDuration);
-    fading->setStartValue(1.0);
-    fading->setEndValue(0.0);
+    const auto addFade = [this](int duration, qreal from, qreal to) {
+        auto *fade = new QPropertyAnimation(this, "opacity");
+        fade->setDuration(duration);
+        fade->setStartValue(from);
+        fade->setEndValue(to);
+        m_fade.addAnimation(fade);
+    };
+    addFade(MStyle::positionBarFadeInDuration, 0, 1);
     m_fade.addPause(MStyle::positionBarHoldDuration);
-    m_fade.addAnimation(fading);
+    addFade(MStyle::positionBarFadeOutDuration, 1, 0);
     connect(&m_fade, &QAbstractAnimation::finished, this, [this] { hide(); });
 }
 
 void MPositionBar::show(const QRectF &view, qreal contentHeight, qreal position)
 {
-    m_fade.stop();
     if (contentHeight <= view.height()) {
+        m_fade.stop();
         hide();
         return;
     }
@@ -35,9 +39,14 @@ void MPositionBar::show(const QRectF &view, qreal contentHeight, qreal position)
     prepareGeometryChange();
     m_bar = QRectF(track.right() - MStyle::positionBarMargin - MStyle::positionBarWidth,
                    track.top() + part * (track.height() - length), MStyle::positionBarWidth, length);
-    setOpacity(1);
-    QGraphicsObject::show();
-    m_fade.start();
+    if (!isVisible() || m_fade.state() == QAbstractAnimation::Stopped) {
+        setOpacity(0);
+        QGraphicsObject::show();
+        m_fade.start();
+    } else if (m_fade.currentTime() > MStyle::positionBarFadeInDuration) {
+        m_fade.setCurrentTime(MStyle::positionBarFadeInDuration);
+        setOpacity(1);
+    }
 }
 
 void MPositionBar::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

@@ -4,8 +4,8 @@
 #include <QGraphicsObject>
 #include <QSequentialAnimationGroup>
 
-/// Shows at the right edge of a panned area which part of it is in view; fades away when nothing moves. Takes no
-/// input.
+/// Shows at the right edge of a panned area which part of it is in view; fades in, and away when nothing moves.
+/// Takes no input.
 class MPositionBar : public QGraphicsObject {
     Q_OBJECT
 

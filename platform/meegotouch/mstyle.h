@@ -124,7 +124,8 @@ inline constexpr qreal positionBarWidth = 4;
 inline constexpr qreal positionBarMargin = 2;
 inline constexpr qreal positionBarSmallestLength = 24;
 inline constexpr int positionBarHoldDuration = 700;
-inline constexpr int positionBarFadeDuration = 300;
+inline constexpr int positionBarFadeInDuration = 100;
+inline constexpr int positionBarFadeOutDuration = 300;
 inline constexpr QColor positionBar{137, 152, 163, 225};
 inline constexpr QColor positionBarRim{0, 0, 0, 70};
 
