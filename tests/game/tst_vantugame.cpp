@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "process.h"
 
-#include <csignal>
-
 namespace {
 
 /// The stand-in game, with a companion that does what its arguments name.
 class Game : public Process {
 public:
-    explicit Game(const QStringList &companionArguments, const char *companion = LINKUSER_PROGRAM, bool withBus = true)
-        : Process(GAME_PROGRAM, QStringList{L1("--companion"), L1(companion)} + companionArguments, withBus)
+    explicit Game(const QStringList &companionArguments, const QString &companion = QStringLiteral(LINKUSER_PROGRAM),
+                  const QStringList &settings = {})
+        : Process(QStringLiteral(GAME_PROGRAM), QStringList{"--companion"_s, companion} + companionArguments, settings)
     {
     }
 };
 
-const QStringList waiting{L1("wait"), L1("0")};
+const QStringList waiting{"wait"_s, "0"_s};
 
 } // namespace
 
@@ -22,78 +21,58 @@ class VantuGameTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void passesTheArgumentsOn_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("none") << QStringList();
-        QTest::newRow("numbers") << QStringList{L1("-7"), L1("-1"), L1("33")};
-        QTest::newRow("nonsense") << QStringList{L1("--help"), QString(), L1("a b"), L1("--companion")};
-    }
     void passesTheArgumentsOn()
     {
-        QFETCH(QStringList, arguments);
-        Game game(arguments);
-        QVERIFY(game.ends());
-        QCOMPARE(game.readAllStandardOutput(), arguments.join(QLatin1Char('|')).toUtf8() + '\n');
+        for (const QStringList &arguments : {QStringList(), QStringList{"-7"_s, "-1"_s, "33"_s},
+                                             QStringList{"--help"_s, {}, "a b"_s, "--companion"_s}}) {
+            Game game(arguments);
+            QVERIFY(game.endsWith(0));
+            QCOMPARE(game.readAllStandardOutput(), arguments.join(QLatin1Char('|')).toUtf8() + '\n');
+        }
     }
 
     void helpsWhoAsks()
     {
-        Process game(GAME_PROGRAM, {L1("--help")});
-        QVERIFY(game.ends());
-        QCOMPARE(game.exitCode(), 0);
+        Process game(QStringLiteral(GAME_PROGRAM), {"--help"_s});
+        QVERIFY(game.endsWith(0));
         QVERIFY(game.readAllStandardOutput().startsWith("usage: vantu-game"));
     }
 
     void printsWhatItHears_data()
     {
-        QTest::addColumn<QByteArray>("line");
-        QTest::newRow("QUIT") << QByteArray("game heard: QUIT\n");
-        QTest::newRow("") << QByteArray("game heard: \n");
-        QTest::newRow("a\nb\"") << QByteArray("game heard: a\\nb\\\"\n");
+        const Table<QString, QByteArray> row("sent", "line");
+        row("a word", "QUIT"_s, "game heard: QUIT\n");
+        row("nothing", ""_s, "game heard: \n");
+        row("what would break the line", "a\nb\""_s, "game heard: a\\nb\\\"\n");
     }
     void printsWhatItHears()
     {
-        Game game({L1("send"), L1(QTest::currentDataTag())});
-        QVERIFY(game.ends());
+        QFETCH(QString, sent);
+        Game game({"send"_s, sent});
+        QVERIFY(game.endsWith(0));
         QTEST(game.readAllStandardOutput(), "line");
         QVERIFY(game.readAllStandardError().contains("->>>>>>>>> Recive"));
     }
 
-    void endsAsTheCompanionEnds_data()
-    {
-        QTest::addColumn<QByteArray>("companion");
-        QTest::addColumn<int>("status");
-        QTest::newRow("0") << QByteArray(LINKUSER_PROGRAM) << 0;
-        QTest::newRow("201") << QByteArray(LINKUSER_PROGRAM) << 201;
-        QTest::newRow("not begun") << QByteArray("/nowhere/vantu") << 127;
-    }
     void endsAsTheCompanionEnds()
     {
-        QFETCH(QByteArray, companion);
-        Game game({L1("exit"), L1(QTest::currentDataTag())}, companion.constData());
-        QVERIFY(game.ends());
-        QCOMPARE(game.exitStatus(), QProcess::NormalExit);
-        QTEST(game.exitCode(), "status");
-        QCOMPARE(game.readAllStandardError().contains("cannot start"), game.exitCode() == 127);
+        QVERIFY(Game({"exit"_s, "0"_s}).endsWith(0));
+        Game failing({"exit"_s, "201"_s});
+        QVERIFY(failing.endsWith(201));
+        QVERIFY(!failing.readAllStandardError().contains("cannot start"));
+        Game missing({}, "/nowhere/vantu"_s);
+        QVERIFY(missing.endsWith(127));
+        QVERIFY(missing.readAllStandardError().contains("cannot start"));
     }
 
-    void passesSignalsOn_data()
-    {
-        QTest::addColumn<int>("signal");
-        QTest::newRow("SIGTERM") << SIGTERM;
-        QTest::newRow("SIGINT") << SIGINT;
-        QTest::newRow("SIGHUP") << SIGHUP;
-    }
+    void passesSignalsOn_data() { addEndSignals(); }
     void passesSignalsOn()
     {
         QFETCH(int, signal);
         Game game(waiting);
         QCOMPARE(game.nextLine(), QByteArray("waiting\n"));
-        QCOMPARE(kill(static_cast<pid_t>(game.processId()), signal), 0);
-        QVERIFY(game.ends());
-        QCOMPARE(game.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(game.exitCode(), 128 + signal);
+        game.sendSignal(signal);
+        QVERIFY(game.endsWith(128 + signal));
     }
 
     void refusesToStartTwice()
@@ -101,18 +80,31 @@ private slots:
         Game first(waiting);
         QCOMPARE(first.nextLine(), QByteArray("waiting\n"));
         Game second(waiting);
-        QVERIFY(second.ends());
-        QCOMPARE(second.exitCode(), 1);
+        QVERIFY(second.endsWith(1));
         QVERIFY(second.readAllStandardError().contains("running already"));
         QCOMPARE(second.readAllStandardOutput(), QByteArray());
         QCOMPARE(first.state(), QProcess::Running);
+        first.sendSignal(SIGTERM);
+        QVERIFY(first.endsWith(128 + SIGTERM));
+    }
+
+    void companionEndsWithTheGame()
+    {
+        Game game(waiting);
+        QCOMPARE(game.nextLine(), QByteArray("waiting\n"));
+        const auto isRunning = [companion = "/proc/%1/stat"_s.arg(game.childId())] {
+            QFile status(companion);
+            return status.open(QIODevice::ReadOnly) && !status.readAll().contains(") Z ");
+        };
+        QVERIFY(isRunning());
+        game.sendSignal(SIGKILL);
+        QTRY_VERIFY(!isRunning());
     }
 
     void needsABus()
     {
-        Game game(waiting, LINKUSER_PROGRAM, false);
-        QVERIFY(game.ends());
-        QCOMPARE(game.exitCode(), 1);
+        Game game(waiting, QStringLiteral(LINKUSER_PROGRAM), {Process::noBus()});
+        QVERIFY(game.endsWith(1));
         QCOMPARE(game.readAllStandardOutput(), QByteArray());
     }
 };

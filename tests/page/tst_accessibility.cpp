@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "portal.h"
 
-#include "addresswidget.h"
-#include "mybutton.h"
-
-#include "mbutton.h"
-#include "mlabel.h"
-#include "mprogressindicator.h"
-#include "mtextedit.h"
-
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QEventLoop>
 
 namespace {
 
@@ -25,22 +16,30 @@ struct Thing {
     QString path;
 };
 
+const QDBusArgument &operator>>(const QDBusArgument &argument, Thing &thing)
+{
+    QDBusObjectPath path;
+    argument.beginStructure();
+    argument >> thing.service >> path;
+    argument.endStructure();
+    thing.path = path.path();
+    return argument;
+}
+
 /// A screen reader: sees of the companion what it says on the bus, and nothing else.
 class Reader {
 public:
     Reader()
     {
-        const QDBusMessage address
-            = call(QDBusConnection::sessionBus(), {QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus")},
-                   QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
-        m_bus = QDBusConnection::connectToBus(address.arguments().value(0).toString(), QStringLiteral("reader"));
+        const QDBusMessage address = call(QDBusConnection::sessionBus(), {"org.a11y.Bus"_s, "/org/a11y/bus"_s},
+                                          "org.a11y.Bus"_s, "GetAddress"_s);
+        m_bus = QDBusConnection::connectToBus(address.arguments().value(0).toString(), "reader"_s);
     }
 
     /// The companion's window; with an empty path as long as it is not there.
     Thing window() const
     {
-        const Thing registry{QStringLiteral("org.a11y.atspi.Registry"),
-                             QStringLiteral("/org/a11y/atspi/accessible/root")};
+        const Thing registry{"org.a11y.atspi.Registry"_s, "/org/a11y/atspi/accessible/root"_s};
         const Thing application = children(registry).value(0);
         return application.path.isEmpty() ? application : children(application).value(0);
     }
@@ -69,11 +68,11 @@ public:
         return {};
     }
 
-    void press(const Thing &thing) const { ask(thing, QStringLiteral("Action"), QStringLiteral("DoAction"), {0}); }
+    void press(const Thing &thing) const { ask(thing, "Action"_s, "DoAction"_s, {0}); }
 
     void write(const Thing &thing, const QString &text) const
     {
-        ask(thing, QStringLiteral("EditableText"), QStringLiteral("SetTextContents"), {text});
+        ask(thing, "EditableText"_s, "SetTextContents"_s, {text});
     }
 
 private:
@@ -94,56 +93,37 @@ private:
     QVariant ask(const Thing &thing, const QString &interface, const QString &method,
                  const QVariantList &arguments = {}) const
     {
-        const QDBusMessage answer = call(m_bus, thing, QLatin1String("org.a11y.atspi.") + interface, method, arguments);
+        const QDBusMessage answer = call(m_bus, thing, "org.a11y.atspi."_s + interface, method, arguments);
         return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0) : QVariant();
     }
 
-    QVector<Thing> children(const Thing &thing) const
+    QList<Thing> children(const Thing &thing) const
     {
-        QVector<Thing> found;
-        const QVariant answer = ask(thing, QStringLiteral("Accessible"), QStringLiteral("GetChildren"));
-        if (!answer.canConvert<QDBusArgument>())
-            return found;
-        const auto list = answer.value<QDBusArgument>();
-        list.beginArray();
-        while (!list.atEnd()) {
-            Thing child;
-            QDBusObjectPath path;
-            list.beginStructure();
-            list >> child.service >> path;
-            list.endStructure();
-            child.path = path.path();
-            found.append(child);
-        }
-        list.endArray();
-        return found;
+        const QVariant answer = ask(thing, "Accessible"_s, "GetChildren"_s);
+        return answer.canConvert<QDBusArgument>() ? qdbus_cast<QList<Thing>>(answer.value<QDBusArgument>())
+                                                  : QList<Thing>();
     }
 
     QString nameOf(const Thing &thing) const
     {
-        const QDBusMessage answer
-            = call(m_bus, thing, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                   {QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("Name")});
+        const QDBusMessage answer = call(m_bus, thing, "org.freedesktop.DBus.Properties"_s, "Get"_s,
+                                         {"org.a11y.atspi.Accessible"_s, "Name"_s});
         return answer.arguments().value(0).value<QDBusVariant>().variant().toString();
     }
 
     QString describe(const Thing &thing) const
     {
-        static const QPair<int, QString> states[] = {{3, QStringLiteral("busy")},
-                                                     {7, QStringLiteral("editable")},
-                                                     {12, QStringLiteral("focused")},
-                                                     {16, QStringLiteral("modal")},
-                                                     {23, QStringLiteral("selected")}};
-        const QString role = ask(thing, QStringLiteral("Accessible"), QStringLiteral("GetRoleName")).toString();
-        QString line = role + QLatin1String(" \"") + nameOf(thing) + QLatin1Char('"');
-        const auto bits = qdbus_cast<QList<uint>>(
-            ask(thing, QStringLiteral("Accessible"), QStringLiteral("GetState")).value<QDBusArgument>());
+        static const QPair<int, QString> states[]
+            = {{3, "busy"_s}, {7, "editable"_s}, {12, "focused"_s}, {16, "modal"_s}, {23, "selected"_s}};
+        const QString role = ask(thing, "Accessible"_s, "GetRoleName"_s).toString();
+        QString line = role + " \""_s + nameOf(thing) + QLatin1Char('"');
+        const auto bits = qdbus_cast<QList<uint>>(ask(thing, "Accessible"_s, "GetState"_s).value<QDBusArgument>());
         for (const auto &[bit, name] : states) {
             if (bits.value(0) & (1U << bit))
                 line += QLatin1Char(' ') + name;
         }
-        const QString text = ask(thing, QStringLiteral("Text"), QStringLiteral("GetText"), {0, -1}).toString();
-        return text.isEmpty() ? line : line + QLatin1String(": ") + text.simplified();
+        const QString text = ask(thing, "Text"_s, "GetText"_s, {0, -1}).toString();
+        return text.isEmpty() ? line : line + ": "_s + text.simplified();
     }
 
     QDBusConnection m_bus{QString()};
@@ -152,64 +132,63 @@ private:
 } // namespace
 
 /// What a stranger with a screen reader finds, asked for over the bus as screen readers do.
-class AccessibilityTest : public QObject {
+class AccessibilityTest : public PortalTest {
     Q_OBJECT
 
 private slots:
     void initTestCase()
     {
-        m_portal = std::make_unique<Portal>();
-        QVERIFY(QTest::qWaitForWindowActive(&m_portal->window));
+        PortalTest::init();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
         QTRY_VERIFY(!(m_window = m_reader.window()).path.isEmpty());
     }
-    void cleanupTestCase() { m_portal.reset(); }
+    void init() { } // The page is one for all.
+    void cleanup() { }
+    void cleanupTestCase() { PortalTest::cleanup(); }
 
     void pageWithItsChrome()
     {
-        page().progressIndicator->hide();
-        m_portal->loadPage(QStringLiteral("/vantu/messages/index"),
-                           {{QStringLiteral("sTitle"), QStringLiteral("'Your inbox'")},
-                            {QStringLiteral("iInboxMessages"), QStringLiteral("3")}},
-                           QStringLiteral("Hello <b>Emma</b>"));
+        page->progressIndicator->hide();
+        loadPage("/vantu/messages/index"_s, "sTitle = 'Your inbox', iInboxMessages = 3"_s, "Hello <b>Emma</b>"_s);
         QCOMPARE(tree(),
                  expected({"heading 'Your inbox'", "push button 'New message'", "web document 'page title': Hello Emma",
                            "page tab list ''", "  page tab 'Home'", "  page tab 'Inbox, 3' selected",
                            "  page tab 'Friends'", "  page tab 'Games'"}));
-        page().progressIndicator->show();
+        page->progressIndicator->show();
         QVERIFY(tree().contains(expected({"progress bar 'Loading...' busy"}).first()));
-        page().progressIndicator->hide();
+        page->progressIndicator->hide();
 
-        m_portal->service.answer(QStringLiteral("/vantu/games"), {TestService::page({})});
+        service->answer("/vantu/games"_s, {TestService::page({})});
         press("Games");
-        QTRY_COMPARE(m_portal->shownUrl(), Portal::url(QStringLiteral("/vantu/games")));
+        QTRY_COMPARE(shownUrl(), url("/vantu/games"_s));
     }
 
     void list()
     {
-        page().on_SelectButtonClicked(5);
+        page->on_SelectButtonClicked(5);
         QCOMPARE(tree(),
                  expected({"popup menu 'Interact' focused modal", "  menu item 'Send Message'",
                            "  menu item 'Add as friend'", "  menu item 'Compare Games'"}));
-        QTest::keyClick(&m_portal->window, Qt::Key_Down);
+        QTest::keyClick(window.get(), Qt::Key_Down);
         QCOMPARE(tree().mid(0, 2),
                  expected({"popup menu 'Interact' modal", "  menu item 'Send Message' focused selected"}));
         press("Send Message");
-        QTRY_COMPARE(page().state, SendMessageState);
+        QTRY_COMPARE(page->state, SendMessageState);
     }
 
     void composer()
     {
-        page().openSendMessagePage();
-        page().addrWidget->addNewUIDAddress(QStringLiteral("Ben"), QStringLiteral("7"));
-        m_reader.write(m_reader.find(m_window, QStringLiteral("Message")), QStringLiteral("Hi Ben"));
-        QCOMPARE(page().txtMessage->text(), QStringLiteral("Hi Ben"));
-        page().txtMessage->setFocus(Qt::TabFocusReason);
+        page->openSendMessagePage();
+        page->addrWidget->addNewUIDAddress("Ben"_s, "7"_s);
+        m_reader.write(m_reader.find(m_window, "Message"_s), "Hi Ben"_s);
+        QCOMPARE(page->txtMessage->text(), "Hi Ben"_s);
+        page->txtMessage->setFocus(Qt::TabFocusReason);
         QCOMPARE(tree(),
                  expected({"heading 'Send Message'", "push button 'Send'", "push button 'Cancel'", "label 'To: '",
                            "push button 'Add recipient'", "push button 'Remove Ben'",
                            "text 'Message' editable focused: Hi Ben"}));
         press("Remove Ben");
-        QTRY_COMPARE(page().addrWidget->getRecipientsCount(), 0);
+        QTRY_COMPARE(page->addrWidget->getRecipientsCount(), 0);
     }
 
     void box()
@@ -220,33 +199,32 @@ private slots:
         QTRY_COMPARE(tree(), shown);
         press("OK");
         QTRY_VERIFY(tree().size() > shown.size());
-        page().closeSendMessagePage();
+        page->closeSendMessagePage();
     }
 
     void dialog()
     {
-        page().openSendEmailPage();
+        page->openSendEmailPage();
         press("Add recipient");
         QTRY_COMPARE(tree(),
                      expected({"dialog 'Email' modal", "  text 'Email' editable focused", "  push button 'OK'"}));
-        const QString name = QStringLiteral("Email");
-        m_reader.write(m_reader.find(m_reader.find(m_window, name), name), QStringLiteral("ben@example.org"));
+        const QString name = "Email"_s;
+        m_reader.write(m_reader.find(m_reader.find(m_window, name), name), "ben@example.org"_s);
         press("OK");
-        QTRY_COMPARE(page().addrWidget->getAllAddress(), QStringList(QStringLiteral("ben@example.org")));
-        page().closeSendEmailPage();
+        QTRY_COMPARE(page->addrWidget->getAllAddress(), QStringList("ben@example.org"_s));
+        page->closeSendEmailPage();
     }
 
     void pictureInThePlaceOfAPage()
     {
-        QSignalSpy finished(page().webView, &QGraphicsWebView::loadFinished);
-        m_portal->service.goSilent();
-        page().webView->setUrl(QUrl(Portal::url(QStringLiteral("/vantu/friends"))));
+        QSignalSpy finished(page->webView, &QGraphicsWebView::loadFinished);
+        service->goSilent();
+        page->webView->setUrl(QUrl(url("/vantu/friends"_s)));
         QVERIFY(finished.wait());
         QVERIFY(tree().contains(expected({"  push button 'Connection Error: try again' focused"}).first()));
     }
 
 private:
-    TestPage &page() { return *m_portal->page; }
     QStringList tree() const { return m_reader.tree(m_window); }
 
     void press(const char *name) { m_reader.press(m_reader.find(m_window, QString::fromLatin1(name))); }
@@ -260,7 +238,6 @@ private:
         return all;
     }
 
-    std::unique_ptr<Portal> m_portal;
     Reader m_reader;
     Thing m_window;
 };

@@ -1,25 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "portal.h"
 
-#include "mybutton.h"
-
-#include "mlabel.h"
-
-#include <QWebFrame>
-
-using Variables = QMap<QString, QString>;
-
-static Variables variables(std::initializer_list<std::pair<const char *, const char *>> list)
-{
-    Variables result;
-    for (const auto &[name, literal] : list)
-        result.insert(QLatin1String(name), QString::fromUtf8(literal));
-    return result;
-}
-
 // First: the notice goes out once a process.
 
-class BridgeTest : public QObject {
+class BridgeTest : public PortalTest {
     Q_OBJECT
 
 private slots:
@@ -27,149 +11,100 @@ private slots:
     {
         g_trophyIdx = Q_UINT64_C(1) << 63 | 33;
         g_KVB = 7;
-        Portal portal;
-        portal.service.answer(QStringLiteral("/vantu/index/add-trophy/android_uid/p12/kvb_game/7"), {"ok"});
-        portal.loadPage(QStringLiteral("/vantu/login"), variables({{"sUserUid", "''"}, {"iGameId", "''"}}));
-        portal.loadPage(QStringLiteral("/vantu/"), variables({{"sUserUid", "'p12'"}, {"iGameId", "'7'"}}));
-        portal.loadPage(QStringLiteral("/vantu/friends"), variables({{"sUserUid", "'p12'"}}));
-        const auto posts = [&] {
-            QList<TestService::Request> result;
-            for (const TestService::Request &request : portal.service.requests()) {
-                if (request.method == QLatin1String("POST"))
-                    result << request;
-            }
-            return result;
-        };
+        service->answer("/vantu/index/add-trophy/android_uid/p12/kvb_game/7"_s, {"ok"});
+        loadPage("/vantu/login"_s, "sUserUid = '', iGameId = ''"_s);
+        loadPage("/vantu/"_s, "sUserUid = 'p12', iGameId = '7'"_s);
+        loadPage("/vantu/friends"_s, "sUserUid = 'p12'"_s);
+        const auto posts = [this] { return service->requests("POST"_s); };
         QTRY_COMPARE(posts().size(), 1);
-        portal.loadPage(QStringLiteral("/vantu/games"), variables({{"sUserUid", "'p12'"}}));
+        loadPage("/vantu/games"_s, "sUserUid = 'p12'"_s);
         QCOMPARE(posts().size(), 1);
-        QCOMPARE(posts().first().url,
-                 Portal::url(QStringLiteral("/vantu/index/add-trophy/android_uid/p12/kvb_game/7")));
+        QCOMPARE(posts().first().url, url("/vantu/index/add-trophy/android_uid/p12/kvb_game/7"_s));
         QCOMPARE(posts().first().body, QByteArray("trophy_id[]=0&trophy_id[]=5&trophy_id[]=63"));
         QCOMPARE(posts().first().contentType, QByteArray("application/x-www-form-urlencoded"));
-        g_trophyIdx = 0;
-        g_KVB = 0;
     }
 
     void everyValueArrives()
     {
-        Portal portal;
-        const TestPage &page = *portal.page;
-        portal.loadPage(QStringLiteral("/vantu/games/show-game/gid/7"),
-                        variables({{"sUserUid", "'p12'"},
-                                   {"iInboxMessages", "3"},
-                                   {"iGamesMessages", "'12'"},
-                                   {"iFriendsMessages", "123"},
-                                   {"iGameId", "7"},
-                                   {"sSubject", "'Spiel für dich'"},
-                                   {"bIsFriend", "1"},
-                                   {"bShowAdd", "1"},
-                                   {"bShowEvaluate", "1"},
-                                   {"iUserId", "'p3'"},
-                                   {"sUserName", "'Zoë'"},
-                                   {"sTitle", "'Schöne Spiele'"},
-                                   {"strUserName", "'alice'"},
-                                   {"strPassword", "'p%w'"},
-                                   {"blnRememberMe", "'1'"}}));
-        QCOMPARE(page.userID, QStringLiteral("p12"));
-        QCOMPARE(page.btnInbox->m_badgeNumber, 3);
-        QCOMPARE(page.btnGame->m_badgeNumber, 12);
-        QCOMPARE(page.btnFriend->m_badgeNumber, 123);
-        QCOMPARE(page.strFriendsMessages, QStringLiteral("123"));
-        QCOMPARE(page.recommendGameId, QStringLiteral("7"));
-        QCOMPARE(page.recommendSubject, QStringLiteral(u"Spiel für dich"));
-        QCOMPARE(page.lblSubject->text(), QStringLiteral(u"Subject: Spiel für dich"));
-        QVERIFY(page._isFriend && page._showAdd && page._showRate);
-        QCOMPARE(page._currentUserUid, QStringLiteral("p3"));
-        QCOMPARE(page._currentUserName, QStringLiteral(u"Zoë"));
-        QCOMPARE(page.lblWebTitle->text(), QStringLiteral(u"Schöne Spiele"));
-        QCOMPARE(page._username, QStringLiteral("alice"));
-        QCOMPARE(page._password, QStringLiteral("p%w"));
-        QCOMPARE(page._rememberMe, QStringLiteral("1"));
+        loadPage("/vantu/games/show-game/gid/7"_s,
+                 "sUserUid = 'p12', iInboxMessages = 3, iGamesMessages = '12', iFriendsMessages = 123, iGameId = 7,"
+                 "sSubject = 'Spiel für dich', bIsFriend = 1, bShowAdd = 1, bShowEvaluate = 1, iUserId = 'p3',"
+                 "sUserName = 'Zoë', sTitle = 'Schöne Spiele', strUserName = 'alice', strPassword = 'p%w',"
+                 "blnRememberMe = '1'"_s);
+        QCOMPARE(page->userID, "p12"_s);
+        QCOMPARE(page->btnInbox->m_badgeNumber, 3);
+        QCOMPARE(page->btnGame->m_badgeNumber, 12);
+        QCOMPARE(page->btnFriend->m_badgeNumber, 123);
+        QCOMPARE(page->strFriendsMessages, "123"_s);
+        QCOMPARE(page->recommendGameId, "7"_s);
+        QCOMPARE(page->recommendSubject, "Spiel für dich"_s);
+        QCOMPARE(page->lblSubject->text(), "Subject: Spiel für dich"_s);
+        QVERIFY(page->_isFriend && page->_showAdd && page->_showRate);
+        QCOMPARE(page->_currentUserUid, "p3"_s);
+        QCOMPARE(page->_currentUserName, "Zoë"_s);
+        QCOMPARE(page->lblWebTitle->text(), "Schöne Spiele"_s);
+        QCOMPARE(page->_username, "alice"_s);
+        QCOMPARE(page->_password, "p%w"_s);
+        QCOMPARE(page->_rememberMe, "1"_s);
     }
 
     void whatAPageDoesNotDefineStays()
     {
-        Portal portal;
-        const TestPage &page = *portal.page;
-        portal.loadPage(QStringLiteral("/vantu/friends"),
-                        variables({{"sUserUid", "'p12'"}, {"sUserName", "'Ann'"}, {"sTitle", "'Ann'"}}));
+        loadPage("/vantu/friends"_s, "sUserUid = 'p12', sUserName = 'Ann', sTitle = 'Ann'"_s);
         // One script fails, those behind it still run.
-        portal.loadPage(QStringLiteral("/vantu/games"), variables({{"sTitle", "'Games'"}}));
-        QCOMPARE(page.userID, QStringLiteral("p12"));
-        QCOMPARE(page._currentUserName, QStringLiteral("Ann"));
-        QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Games"));
-    }
-
-    void counts_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("number");
-        QTest::newRow("number") << QStringLiteral("3") << 3;
-        QTest::newRow("negative") << QStringLiteral("-2") << -2;
-        QTest::newRow("number and letter") << QStringLiteral("3a") << 0;
-        QTest::newRow("empty") << QString() << 0;
-        QTest::newRow("too large") << QStringLiteral("99999999999") << 0;
+        loadPage("/vantu/games"_s, "sTitle = 'Games'"_s);
+        QCOMPARE(page->userID, "p12"_s);
+        QCOMPARE(page->_currentUserName, "Ann"_s);
+        QCOMPARE(page->lblWebTitle->text(), "Games"_s);
     }
 
     void counts()
     {
-        QFETCH(QString, text);
-        TestService service;
-        TestPage page;
-        page.btnInbox->m_badgeNumber = 77;
-        page.getInboxMessages(text);
-        QTEST(page.btnInbox->m_badgeNumber, "number");
-        QCOMPARE(page.strInboxMessages, text);
-    }
-
-    void flags_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("flag");
-        for (const char *yes : {"1", "2", "-1"})
-            QTest::newRow(yes) << QString::fromLatin1(yes) << true;
-        for (const char *no : {"0", "", "true", "yes", "1.0", "0x1"})
-            QTest::newRow(no) << QString::fromLatin1(no) << false;
+        for (const auto &[text, number] : {std::pair("3", 3), {"-2", -2}, {"3a", 0}, {"", 0}, {"99999999999", 0}}) {
+            page->btnInbox->m_badgeNumber = 77;
+            page->getInboxMessages(QLatin1String(text));
+            QVERIFY2(page->btnInbox->m_badgeNumber == number, text);
+            QCOMPARE(page->strInboxMessages, QLatin1String(text));
+        }
     }
 
     void flags()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, flag);
-        TestService service;
-        TestPage page;
-        page._isFriend = page._showAdd = page._showRate = !flag;
-        page.checkIsFriend(text);
-        page.showAddFriendOption(text);
-        page.showRateOption(text);
-        QCOMPARE(page._isFriend, flag);
-        QCOMPARE(page._showAdd, flag);
-        QCOMPARE(page._showRate, flag);
+        for (const auto &[text, flag] : {std::pair("1", true),
+                                         {"2", true},
+                                         {"-1", true},
+                                         {"0", false},
+                                         {"", false},
+                                         {"true", false},
+                                         {"yes", false},
+                                         {"1.0", false},
+                                         {"0x1", false}}) {
+            page->_isFriend = page->_showAdd = page->_showRate = !flag;
+            page->checkIsFriend(QLatin1String(text));
+            page->showAddFriendOption(QLatin1String(text));
+            page->showRateOption(QLatin1String(text));
+            QVERIFY2(page->_isFriend == flag && page->_showAdd == flag && page->_showRate == flag, text);
+        }
     }
 
     void titleGivesWayToTheComposer()
     {
-        TestService service;
-        TestPage page;
         g_languageIdx = 2;
-        page.showTitle(QStringLiteral("Freunde"));
-        QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Freunde"));
+        page->showTitle("Freunde"_s);
+        QCOMPARE(page->lblWebTitle->text(), "Freunde"_s);
         for (const VantuState state : {SendMessageState, SendEmailState}) {
-            page.state = state;
-            page.showTitle(QStringLiteral("Freunde"));
-            QCOMPARE(page.lblWebTitle->text(), QStringLiteral("Neue Nachricht"));
+            page->state = state;
+            page->showTitle("Freunde"_s);
+            QCOMPARE(page->lblWebTitle->text(), "Neue Nachricht"_s);
         }
-        page.getSubject(QStringLiteral("x"));
-        QCOMPARE(page.lblSubject->text(), QStringLiteral("Betreff: x"));
-        g_languageIdx = 0;
+        page->getSubject("x"_s);
+        QCOMPARE(page->lblSubject->text(), "Betreff: x"_s);
     }
 
     void eachPageSeesTheBridge()
     {
-        Portal portal;
-        portal.load(QStringLiteral("/vantu/info/"), "<script>VANTU.getGameId('from a script of its own')</script>");
-        QCOMPARE(portal.page->recommendGameId, QStringLiteral("from a script of its own"));
+        load("/vantu/info/"_s, "<script>VANTU.getGameId('from a script of its own')</script>");
+        QCOMPARE(page->recommendGameId, "from a script of its own"_s);
     }
 };
 

@@ -2,105 +2,82 @@
 #include "portal.h"
 #include "softwarekeyboard.h"
 
-#include "addresswidget.h"
-#include "mybutton.h"
-
-#include "mbuttongroup.h"
-#include "mlabel.h"
-#include "mprogressindicator.h"
-#include "mtextedit.h"
-
 #include <QWebPage>
-#include <QWebSettings>
 
-class ChromeTest : public QObject {
+class ChromeTest : public PortalTest {
     Q_OBJECT
 
 private slots:
     void everythingIsInItsPlace()
     {
-        TestService service;
-        TestPage page;
         const QPair<const QGraphicsWidget *, QRectF> places[] = {
-            {page.lblWebTitle, {64, 0, 352, 58}},
-            {page.btnBack, {10, 10, 59, 33}},
-            {page.btnInfo, {10, 10, 40, 40}},
-            {page.btnQuit, {410, 10, 60, 35}},
-            {page.btnNewMessage, {439, 10, 31, 30}},
-            {page.btnRecommend, {431, 10, 39, 30}},
-            {page.btnInteract, {430, 10, 40, 30}},
-            {page.btnAdd, {439, 10, 31, 30}},
-            {page.btnCancel, {350, 10, 120, 40}},
-            {page.btnSend, {10, 10, 120, 40}},
-            {page.btnEdit, {390, 10, 80, 35}},
-            {page.webView, {0, 60, 480, 664}},
-            {page.progressIndicator, {190, 320, 80, 80}},
-            {page.addrWidget, {10, 65, 460, 170}},
-            {page.lblSubject, {10, 245, 460, 40}},
-            {page.txtMessage, {10, 310, 460, 480}},
-            {page.btnHome, {45, 734, 90, 70}},
-            {page.btnInbox, {145, 734, 90, 70}},
-            {page.btnFriend, {245, 734, 90, 70}},
-            {page.btnGame, {345, 734, 90, 70}},
+            {page->lblWebTitle, {64, 0, 352, 58}},
+            {page->btnBack, {10, 10, 59, 33}},
+            {page->btnInfo, {10, 10, 40, 40}},
+            {page->btnQuit, {410, 10, 60, 35}},
+            {page->btnNewMessage, {439, 10, 31, 30}},
+            {page->btnRecommend, {431, 10, 39, 30}},
+            {page->btnInteract, {430, 10, 40, 30}},
+            {page->btnAdd, {439, 10, 31, 30}},
+            {page->btnCancel, {350, 10, 120, 40}},
+            {page->btnSend, {10, 10, 120, 40}},
+            {page->btnEdit, {390, 10, 80, 35}},
+            {page->webView, {0, 60, 480, 664}},
+            {page->progressIndicator, {190, 320, 80, 80}},
+            {page->addrWidget, {10, 65, 460, 170}},
+            {page->lblSubject, {10, 245, 460, 40}},
+            {page->txtMessage, {10, 310, 460, 480}},
+            {page->btnHome, {45, 734, 90, 70}},
+            {page->btnInbox, {145, 734, 90, 70}},
+            {page->btnFriend, {245, 734, 90, 70}},
+            {page->btnGame, {345, 734, 90, 70}},
         };
         for (const auto &[widget, place] : places)
             QCOMPARE(widget->mapRectToScene(widget->rect()), place);
         for (int id = 0; id < 10; ++id) {
-            MButton *button = page.selectButtons->button(id);
+            MButton *button = page->selectButtons->button(id);
             button->show();
-            const QRectF title = page.lblWebTitle->mapRectToScene(page.lblWebTitle->contentsRect());
+            const QRectF title = page->lblWebTitle->mapRectToScene(page->lblWebTitle->contentsRect());
             QVERIFY(title.isValid() && !title.intersects(button->geometry()));
         }
-        QCOMPARE(page.selectButtons->button(9), page.btnEdit);
-        QCOMPARE(page.toggleButtons->button(3), page.btnGame);
+        QCOMPARE(page->selectButtons->button(9), page->btnEdit);
+        QCOMPARE(page->toggleButtons->button(3), page->btnGame);
     }
 
-    void onlyQuitShowsAtFirst()
+    void beginsWithTheQuitButtonAndAWebViewForAPhone()
     {
-        TestService service;
-        TestPage page;
-        for (const MButton *button : page.selectButtons->buttons())
-            QCOMPARE(button->isVisible(), button == page.btnQuit);
-        QVERIFY(page.btnHome->isChecked());
-        QVERIFY(page.progressIndicator->isVisible());
-        QVERIFY(!page.addrWidget->isVisible() && !page.lblSubject->isVisible() && !page.txtMessage->isVisible());
-    }
-
-    void webViewIsSetUpForAPhone()
-    {
-        TestService service;
-        TestPage page;
-        QCOMPARE(page.webView->page()->preferredContentsSize(), QSize(320, 400));
-        QVERIFY(page.webView->settings()->testAttribute(QWebSettings::TiledBackingStoreEnabled));
-        QVERIFY(page.webView->settings()->testAttribute(QWebSettings::FrameFlatteningEnabled));
+        page = std::make_unique<TestPage>();
+        QCOMPARE(shown(), "quit web tabs"_s);
+        QVERIFY(isLoading());
+        QVERIFY(page->btnHome->isChecked());
+        QCOMPARE(page->webView->page()->preferredContentsSize(), QSize(320, 400));
+        QVERIFY(isOn(QWebSettings::TiledBackingStoreEnabled));
+        QVERIFY(isOn(QWebSettings::FrameFlatteningEnabled));
     }
 
     void popupsHoldTheirRows()
     {
         g_languageIdx = 3;
-        TestService service;
-        TestPage page;
-        g_languageIdx = 0;
-        QCOMPARE(page.popupRecommend.title(), QStringLiteral("Consiglia il gioco agli amici tramite"));
-        QCOMPARE(page.mdlRecommendModel.stringList(),
-                 QStringList({QStringLiteral("E-mail"), QStringLiteral("Twitter"), QStringLiteral("Facebook")}));
-        QCOMPARE(page.mdlRate.stringList(),
-                 QStringList({QStringLiteral("Consigliato"), QStringLiteral("Sconsigliato")}));
+        const TestPage italian;
+        QCOMPARE(italian.popupRecommend.title(), "Consiglia il gioco agli amici tramite"_s);
+        QCOMPARE(italian.mdlRecommendModel.stringList(), QStringList({"E-mail"_s, "Twitter"_s, "Facebook"_s}));
+        QCOMPARE(italian.mdlRate.stringList(), QStringList({"Consigliato"_s, "Sconsigliato"_s}));
     }
 
     void backgroundFollowsTheState()
     {
-        TestService service;
-        TestPage page;
-        const auto painted = [&page](VantuState state) {
-            page.state = state;
+        const auto painted = [this](VantuState state) {
+            page->state = state;
             QImage image(480, 814, QImage::Format_RGB32);
             image.fill(Qt::green);
             QPainter painter(&image);
-            page.resize(480, 814);
-            page.paint(&painter, nullptr, nullptr);
+            page->resize(480, 814);
+            page->paint(&painter, nullptr, nullptr);
             return image;
         };
+        QCOMPARE(painted(Normal).pixelColor(240, 30), QColor(Qt::black));
+        QCOMPARE(painted(Normal).pixelColor(240, 245), QColor(Qt::green)); // beneath the web view
+        page->webView->hide();
         QCOMPARE(painted(Normal).pixelColor(240, 245), QColor(Qt::black));
         QCOMPARE(painted(SendMessageState).pixelColor(240, 245), QColor(Qt::white));
         const QImage email = painted(SendEmailState);
@@ -113,34 +90,31 @@ private slots:
 
     void returnReleasedClosesTheKeyboard()
     {
-        Portal portal;
-        portal.page->openSendMessagePage();
+        page->openSendMessagePage();
         SoftwareKeyboard keyboard;
-        QTest::mouseClick(portal.window.viewport(), Qt::LeftButton, Qt::NoModifier,
-                          portal.window.mapFromScene(portal.page->txtMessage->sceneBoundingRect().center()));
+        click(page->txtMessage);
         QTRY_VERIFY(keyboard.isInputPanelVisible());
-        QTest::keyClick(portal.window.viewport(), Qt::Key_A);
+        QTest::keyClick(window->viewport(), Qt::Key_A);
         QVERIFY(keyboard.isInputPanelVisible());
-        QTest::keyClick(portal.window.viewport(), Qt::Key_Return);
+        QTest::keyClick(window->viewport(), Qt::Key_Return);
         QVERIFY(!keyboard.isInputPanelVisible());
-        QTest::keyClick(portal.window.viewport(), Qt::Key_B);
-        QCOMPARE(portal.page->txtMessage->text(), QStringLiteral("a\nb"));
+        QTest::keyClick(window->viewport(), Qt::Key_B);
+        QCOMPARE(page->txtMessage->text(), "a\nb"_s);
     }
 
     void gesturesCloseTheKeyboardExceptOverAMessage()
     {
-        Portal portal;
         SoftwareKeyboard keyboard;
-        const auto drag = [&portal] {
-            QWidget *viewport = portal.window.viewport();
-            const QPoint from = portal.window.mapFromScene(QPointF(240, 270));
+        const auto drag = [this] {
+            QWidget *viewport = window->viewport();
+            const QPoint from = window->mapFromScene(QPointF(240, 270));
             QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, from);
             for (int step = 1; step <= 5; ++step)
                 QTest::mouseMove(viewport, from + QPoint(0, 20 * step));
             QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, from + QPoint(0, 100));
         };
         for (const VantuState state : {Normal, SendEmailState, SendMessageState}) {
-            portal.page->state = state;
+            page->state = state;
             keyboard.showInputPanel();
             drag();
             QCOMPARE(keyboard.isInputPanelVisible(), state == SendMessageState);
@@ -149,15 +123,9 @@ private slots:
 
     void pageSurvivesItsWindow()
     {
-        TestService service;
-        TestPage page;
-        {
-            MApplicationWindow window;
-            window.show();
-            page.appear(&window, MSceneWindow::KeepWhenDone);
-        }
-        QVERIFY(!page.scene());
-        QCOMPARE(page.btnHome->geometry(), QRectF(45, 734, 90, 70));
+        window.reset();
+        QVERIFY(!page->scene());
+        QCOMPARE(page->btnHome->geometry(), QRectF(45, 734, 90, 70));
     }
 };
 

@@ -1,22 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "globaldefine.h"
-#include "mybutton.h"
-#include "myqwebview.h"
-#include "testpage.h"
+#include "portal.h"
 
-#include "mapplication.h"
-#include "mapplicationwindow.h"
-#include "mbuttongroup.h"
-#include "mprogressindicator.h"
-
-#include <QFile>
 #include <QNetworkProxy>
 #include <QSslConfiguration>
 #include <QSslKey>
 #include <QSslSocket>
 #include <QTcpServer>
-#include <QtTest>
-#include <QWebFrame>
 
 /// A service that speaks TLS, reached as the companion's HTTP proxy. It keeps apart what it is asked in secret and in
 /// clear.
@@ -29,8 +18,7 @@ public:
         if (!file.open(QIODevice::ReadOnly) || !listen(QHostAddress::LocalHost))
             qFatal("No secure service");
         key = QSslKey(&file, QSsl::Ec);
-        QNetworkProxy::setApplicationProxy(
-            QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), serverPort()));
+        QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::HttpProxy, "127.0.0.1"_s, serverPort()));
     }
     ~SecureService() override { QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::NoProxy)); }
 
@@ -75,63 +63,53 @@ class SecureLinkTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void onlyAVerifiedServiceIsTold_data();
-    void onlyAVerifiedServiceIsTold();
+    void initTestCase()
+    {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setCaCertificates(QSslCertificate::fromPath(QFINDTESTDATA("certificates/authority.pem")));
+        QVERIFY(!configuration.caCertificates().isEmpty());
+        QSslConfiguration::setDefaultConfiguration(configuration);
+    }
+
+    void onlyAVerifiedServiceIsTold_data()
+    {
+        const Table<QString, bool> row("certificate", "isGood");
+        row("good", QFINDTESTDATA("certificates/good.pem"), true);
+        row("expired", QFINDTESTDATA("certificates/expired.pem"), false);
+        row("signed by itself", QFINDTESTDATA("certificates/selfsigned.pem"), false);
+        row("of another host", QFINDTESTDATA("certificates/wronghost.pem"), false);
+    }
+
+    void onlyAVerifiedServiceIsTold()
+    {
+        QFETCH(QString, certificate);
+        QFETCH(bool, isGood);
+        SecureService service(certificate);
+        MApplicationWindow window;
+        window.show();
+        TestPage page;
+        page.appear(&window, MSceneWindow::KeepWhenDone);
+        QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(finished.takeFirst().first().toBool(), isGood);
+        QCOMPARE(page.userID, isGood ? "p12"_s : QString());
+
+        emit page.toggleButtons->buttonClicked(2);
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(page.btnQuit->isVisible(), !isGood);
+        QCOMPARE(page.webView->url(), QUrl(QLatin1String(K_LINK_FRIENDS)));
+        QSignalSpy answered(page.nwAccessMgr, &QNetworkAccessManager::finished);
+        page.doSendMessage();
+        QVERIFY(answered.wait(10000));
+
+        page.webView->page()->mainFrame()->evaluateJavaScript("location = 'http://vantu.test/vantu/'"_s);
+        QVERIFY(finished.wait(10000));
+
+        QCOMPARE(service.inClear, QList<QByteArray>());
+        QCOMPARE(service.inSecret.contains("GET /vantu/friends HTTP/1.1"), isGood);
+        QCOMPARE(service.inSecret.isEmpty(), !isGood);
+    }
 };
 
-void SecureLinkTest::initTestCase()
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setCaCertificates(QSslCertificate::fromPath(QFINDTESTDATA("certificates/authority.pem")));
-    QVERIFY(!configuration.caCertificates().isEmpty());
-    QSslConfiguration::setDefaultConfiguration(configuration);
-}
-
-void SecureLinkTest::onlyAVerifiedServiceIsTold_data()
-{
-    QTest::addColumn<QString>("certificate");
-    QTest::addColumn<bool>("isGood");
-    QTest::newRow("good") << QFINDTESTDATA("certificates/good.pem") << true;
-    QTest::newRow("expired") << QFINDTESTDATA("certificates/expired.pem") << false;
-    QTest::newRow("signed by itself") << QFINDTESTDATA("certificates/selfsigned.pem") << false;
-    QTest::newRow("of another host") << QFINDTESTDATA("certificates/wronghost.pem") << false;
-}
-
-void SecureLinkTest::onlyAVerifiedServiceIsTold()
-{
-    QFETCH(QString, certificate);
-    QFETCH(bool, isGood);
-    SecureService service(certificate);
-    MApplicationWindow window;
-    window.show();
-    TestPage page;
-    page.appear(&window, MSceneWindow::KeepWhenDone);
-    QSignalSpy finished(page.webView, &QGraphicsWebView::loadFinished);
-    QVERIFY(finished.wait(10000));
-    QCOMPARE(finished.takeFirst().first().toBool(), isGood);
-    QCOMPARE(page.userID, isGood ? QStringLiteral("p12") : QString());
-
-    emit page.toggleButtons->buttonClicked(2);
-    QVERIFY(finished.wait(10000));
-    QCOMPARE(page.btnQuit->isVisible(), !isGood);
-    QCOMPARE(page.webView->url(), QUrl(QLatin1String(K_LINK_FRIENDS)));
-    QSignalSpy answered(page.nwAccessMgr, &QNetworkAccessManager::finished);
-    page.doSendMessage();
-    QVERIFY(answered.wait(10000));
-
-    page.webView->page()->mainFrame()->evaluateJavaScript(QStringLiteral("location = 'http://vantu.test/vantu/'"));
-    QVERIFY(finished.wait(10000));
-
-    QCOMPARE(service.inClear, QList<QByteArray>());
-    QCOMPARE(service.inSecret.contains("GET /vantu/friends HTTP/1.1"), isGood);
-    QCOMPARE(service.inSecret.isEmpty(), !isGood);
-}
-
-int main(int argc, char **argv)
-{
-    MApplication application(argc, argv);
-    SecureLinkTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+PORTAL_TEST_MAIN(SecureLinkTest)
 #include "tst_securelink.moc"

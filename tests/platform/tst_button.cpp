@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mbutton.h"
 #include "mbuttongroup.h"
+#include "mprogressindicator.h"
 #include "stage.h"
-
-#include <QSignalSpy>
 
 namespace {
 
@@ -14,8 +13,8 @@ public:
 
     explicit TellingButton(Stage *stage = nullptr)
     {
-        connect(this, &MButton::pressed, [this] { said.append(QStringLiteral("pressed")); });
-        connect(this, &MButton::released, [this] { said.append(QStringLiteral("released")); });
+        connect(this, &MButton::pressed, [this] { said.append("pressed"_s); });
+        connect(this, &MButton::released, [this] { said.append("released"_s); });
         connect(this, &MButton::toggled, [this](bool on) { said.append(QLatin1String(on ? "on" : "off")); });
         connect(this, &MButton::clicked,
                 [this](bool checked) { said.append(QLatin1String(checked ? "clicked checked" : "clicked")); });
@@ -23,7 +22,7 @@ public:
             stage->put(this, QRectF(100, 100, 120, 40));
     }
 
-    int clicks() const { return said.count(QStringLiteral("clicked")); }
+    int clicks() const { return said.count("clicked"_s); }
 
     QString takeSaid()
     {
@@ -47,6 +46,7 @@ protected:
 
 const QPointF inside(130, 115);
 const QPointF beside(130, 160);
+const QRectF spinnerPlace(190, 320, 80, 80);
 
 } // namespace
 
@@ -65,23 +65,22 @@ private slots:
 
         stage.finger.press(inside);
         QVERIFY(button->isDown());
-        QCOMPARE(button->takeSaid(), QStringLiteral("pressed"));
+        QCOMPARE(button->takeSaid(), "pressed"_s);
         stage.finger.release();
         QVERIFY(!button->isDown());
-        QCOMPARE(button->takeSaid(), QStringLiteral("released clicked"));
+        QCOMPARE(button->takeSaid(), "released clicked"_s);
     }
 
     void reactsAroundWhatIsDrawnUnlessAnotherIsNearer_data()
     {
-        QTest::addColumn<QPointF>("tap");
-        QTest::addColumn<int>("hit"); // 0 none, 1 the first, 2 the second
-        QTest::newRow("left of it") << QPointF(91.5, 115) << 1;
-        QTest::newRow("too far left") << QPointF(90.5, 115) << 0;
-        QTest::newRow("above") << QPointF(115, 91.5) << 1;
-        QTest::newRow("too far below") << QPointF(115, 139.5) << 0;
-        QTest::newRow("between, nearer to the first") << QPointF(133, 115) << 1;
-        QTest::newRow("between, nearer to the second") << QPointF(138, 115) << 2;
-        QTest::newRow("where one is hidden") << QPointF(119, 132) << 1;
+        const Table<QPointF, int> row("tap", "hit"); // 0 none, 1 the first, 2 the second
+        row("left of it", {91.5, 115}, 1);
+        row("too far left", {90.5, 115}, 0);
+        row("above", {115, 91.5}, 1);
+        row("too far below", {115, 139.5}, 0);
+        row("between, nearer to the first", {133, 115}, 1);
+        row("between, nearer to the second", {138, 115}, 2);
+        row("where one is hidden", {119, 132}, 1);
     }
     void reactsAroundWhatIsDrawnUnlessAnotherIsNearer()
     {
@@ -116,25 +115,19 @@ private slots:
         QCOMPARE(button->clicks(), 1);
     }
 
-    void losingTheMouseCancels_data()
-    {
-        QTest::addColumn<bool>("byHiding");
-        QTest::newRow("hidden") << true;
-        QTest::newRow("disabled") << false;
-    }
-
     void losingTheMouseCancels()
     {
-        QFETCH(bool, byHiding);
         Stage stage;
         auto *button = new TellingButton(&stage);
-        stage.finger.press(inside);
-        byHiding ? button->hide() : button->setEnabled(false);
-        QVERIFY(!button->isDown());
-        QCOMPARE(button->takeSaid(), QStringLiteral("pressed released"));
-        byHiding ? button->show() : button->setEnabled(true);
-        stage.finger.release();
-        QCOMPARE(button->clicks(), 0);
+        for (const bool byHiding : {true, false}) {
+            stage.finger.press(inside);
+            byHiding ? button->hide() : button->setEnabled(false);
+            QVERIFY(!button->isDown());
+            QCOMPARE(button->takeSaid(), "pressed released"_s);
+            byHiding ? button->show() : button->setEnabled(true);
+            stage.finger.release();
+            QCOMPARE(button->clicks(), 0);
+        }
     }
 
     void aDoubleClickIsTwoClicks()
@@ -173,31 +166,25 @@ private slots:
         QCOMPARE(button->clicks(), 3);
     }
 
-    void aHandlerMayDeleteTheButton_data()
-    {
-        QTest::addColumn<int>("signal");
-        QTest::newRow("pressed") << 0;
-        QTest::newRow("toggled") << 1;
-        QTest::newRow("released") << 2;
-        QTest::newRow("clicked") << 3;
-    }
-
     void aHandlerMayDeleteTheButton()
     {
-        QFETCH(int, signal);
-        Stage stage;
-        const QPointer<MButton> button = new TellingButton(&stage);
-        button->setCheckable(true);
-        const auto destroyAt = [&](int number) {
-            if (number == signal)
-                delete button;
-        };
-        connect(button, &MButton::pressed, this, [&] { destroyAt(0); });
-        connect(button, &MButton::toggled, this, [&] { destroyAt(1); });
-        connect(button, &MButton::released, this, [&] { destroyAt(2); });
-        connect(button, &MButton::clicked, this, [&] { destroyAt(3); });
-        stage.finger.tap(inside);
-        QVERIFY(!button);
+        for (int last = 0; last < 4; ++last) {
+            Stage stage;
+            const QPointer<MButton> button = new TellingButton(&stage);
+            button->setCheckable(true);
+            int told = 0;
+            const auto deleteAtLast = [&] {
+                if (told++ == last)
+                    delete button;
+            };
+            connect(button, &MButton::pressed, this, deleteAtLast);
+            connect(button, &MButton::toggled, this, deleteAtLast);
+            connect(button, &MButton::released, this, deleteAtLast);
+            connect(button, &MButton::clicked, this, deleteAtLast);
+            stage.finger.tap(inside);
+            QVERIFY(!button);
+            QCOMPARE(told, last + 1);
+        }
     }
 
     void checking()
@@ -210,10 +197,10 @@ private slots:
         button.setCheckable(true);
         button.said.clear();
         button.click();
-        QCOMPARE(button.takeSaid(), QStringLiteral("on released clicked checked"));
+        QCOMPARE(button.takeSaid(), "on released clicked checked"_s);
         button.click();
         QVERIFY(!button.isChecked());
-        QCOMPARE(button.takeSaid(), QStringLiteral("off released clicked"));
+        QCOMPARE(button.takeSaid(), "off released clicked"_s);
         button.setChecked(true);
         button.setCheckable(false);
         QVERIFY(!button.isChecked());
@@ -270,6 +257,39 @@ private slots:
         stage.finger.tap(inside);
         QVERIFY(!button);
         QCOMPARE(ids.value(0).value(0).toInt(), 4);
+    }
+
+    void spinnerTurnsOnlyWhileItIsSeen()
+    {
+        Stage stage;
+        auto *spinner = new MProgressIndicator;
+        spinner->setUnknownDuration(true);
+        QVERIFY(!spinner->isSpinning());
+        stage.put(spinner, spinnerPlace);
+        QVERIFY(spinner->isSpinning());
+        const QImage before = stage.picture(spinner);
+        QTRY_VERIFY(stage.picture(spinner) != before);
+
+        stage.page.hide();
+        QVERIFY(!spinner->isSpinning());
+        stage.page.show();
+        QVERIFY(spinner->isSpinning());
+        stage.window.hide();
+        QTRY_VERIFY(!spinner->isSpinning());
+        stage.window.show();
+        QTRY_VERIFY(spinner->isSpinning());
+        spinner->setUnknownDuration(false);
+        QVERIFY(!spinner->isSpinning());
+    }
+
+    void spinnerLetsTapsThrough()
+    {
+        Stage stage;
+        auto *spinner = new MProgressIndicator;
+        stage.put(spinner, spinnerPlace);
+        stage.finger.press(spinnerPlace.center());
+        QVERIFY(stage.window.scene()->mouseGrabberItem() != spinner);
+        stage.finger.release();
     }
 };
 

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mapplication.h"
 #include "mendwatch.h"
-
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
+#include "testing.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,19 +15,12 @@ class ApplicationTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void signalEndsTheLoop_data()
-    {
-        QTest::addColumn<int>("number");
-        QTest::newRow("SIGTERM") << SIGTERM;
-        QTest::newRow("SIGINT") << SIGINT;
-        QTest::newRow("SIGHUP") << SIGHUP;
-    }
-
+    void signalEndsTheLoop_data() { addEndSignals(); }
     void signalEndsTheLoop()
     {
-        QFETCH(int, number);
+        QFETCH(int, signal);
         QSignalSpy quitting(qApp, &QCoreApplication::aboutToQuit);
-        QTimer::singleShot(0, [number] { raise(number); });
+        QTimer::singleShot(0, [signal] { raise(signal); });
         QCOMPARE(run(), 0);
         QCOMPARE(quitting.count(), 1);
     }
@@ -47,23 +36,18 @@ private slots:
 
     void processEnds_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<QByteArray>("output");
-        QTest::addColumn<int>("status");
-        const auto row = [](const char *name, const char *how, const char *output, int status) {
-            QTest::newRow(name) << QString::fromLatin1(how) << QByteArray(output) << status;
-        };
-        row("when asked for, though the loop hangs", "request", "last resort", 0);
-        row("when the display is gone, though the loop hangs", "displayGone", "last resort", 0);
-        row("when the platform leaves by itself", "exit", "last resort", 0);
-        row("as the loop wants it, if that has begun", "standDown", "", 3);
+        const Table<QString, QByteArray, int> row("how", "output", "status");
+        row("when asked for, though the loop hangs", "request"_s, "last resort", 0);
+        row("when the display is gone, though the loop hangs", "displayGone"_s, "last resort", 0);
+        row("when the platform leaves by itself", "exit"_s, "last resort", 0);
+        row("as the loop wants it, if that has begun", "standDown"_s, "", 3);
     }
 
     void processEnds()
     {
         QFETCH(QString, how);
         QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--end"), how});
+        process.start(QCoreApplication::applicationFilePath(), {"--end"_s, how});
         QVERIFY(process.waitForFinished());
         QTEST(process.readAllStandardOutput(), "output");
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
@@ -73,8 +57,8 @@ private slots:
     void webPagesChooseTheirFonts()
     {
         QFont font;
-        font.setFamily(QStringLiteral("DejaVu Sans Mono"));
-        QCOMPARE(QFontInfo(font).family(), QStringLiteral("DejaVu Sans Mono"));
+        font.setFamily("DejaVu Sans Mono"_s);
+        QCOMPARE(QFontInfo(font).family(), "DejaVu Sans Mono"_s);
     }
 
 private:

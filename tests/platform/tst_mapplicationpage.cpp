@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "finger.h"
-#include "mapplicationpage.h"
-#include "mapplicationwindow.h"
 #include "mbutton.h"
 #include "mtextedit.h"
+#include "stage.h"
 
 #include <QGestureEvent>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 
@@ -73,34 +69,13 @@ const QVector<QEvent::Type> touchDrag
 class PageTest : public QObject {
     Q_OBJECT
 
-    MApplicationWindow *m_window = nullptr;
-    SwallowingPage *m_page = nullptr;
-
 private slots:
-    void init()
-    {
-        m_window = new MApplicationWindow;
-        m_window->resize(240, 407);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window));
-        m_page = new SwallowingPage;
-        m_page->appear(m_window, MSceneWindow::KeepWhenDone);
-    }
-
-    void cleanup()
-    {
-        delete m_page;
-        delete m_window;
-    }
-
     void dragAndTapOnAChildAreGesturesOfThePageToo_data()
     {
-        QTest::addColumn<Finger::Kind>("kind");
-        QTest::addColumn<bool>("childTakesTouch");
-        QTest::addColumn<QVector<QEvent::Type>>("heardByChild");
-        QTest::newRow("mouse") << Finger::Mouse << false << mouseDrag;
-        QTest::newRow("finger") << Finger::Touch << false << mouseDrag;
-        QTest::newRow("finger on a child that takes touch") << Finger::Touch << true << touchDrag;
+        const Table<Finger::Kind, bool, QVector<QEvent::Type>> row("kind", "childTakesTouch", "heardByChild");
+        row("mouse", Finger::Mouse, false, mouseDrag);
+        row("finger", Finger::Touch, false, mouseDrag);
+        row("finger on a child that takes touch", Finger::Touch, true, touchDrag);
     }
 
     void dragAndTapOnAChildAreGesturesOfThePageToo()
@@ -108,52 +83,47 @@ private slots:
         QFETCH(Finger::Kind, kind);
         QFETCH(bool, childTakesTouch);
         QFETCH(QVector<QEvent::Type>, heardByChild);
-        Child child(m_page->centralWidget(), childTakesTouch);
-        Finger finger(m_window, kind);
-
-        finger.drag({200, 200}, {200, 300}, 2);
+        StageWith<SwallowingPage> stage(kind);
+        Child child(stage.page.centralWidget(), childTakesTouch);
+        stage.finger.drag({200, 200}, {200, 300}, 2);
         QCOMPARE(child.heard, heardByChild);
-        QVERIFY(m_page->gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
-        QVERIFY(!m_page->gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
+        QVERIFY(stage.page.gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
+        QVERIFY(!stage.page.gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
 
-        m_page->gestures.clear();
-        finger.tap({200, 200});
-        QVERIFY(m_page->gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
-        QVERIFY(!m_page->gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
-    }
-
-    void returnReachesThePageWhoeverHasTheFocus_data()
-    {
-        QTest::addColumn<QString>("focus");
-        QTest::newRow("nobody") << QString();
-        QTest::newRow("a widget") << QStringLiteral("widget");
-        QTest::newRow("a text field") << QStringLiteral("field");
+        stage.page.gestures.clear();
+        stage.finger.tap({200, 200});
+        QVERIFY(stage.page.gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
+        QVERIFY(!stage.page.gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
     }
 
     void returnReachesThePageWhoeverHasTheFocus()
     {
-        QFETCH(QString, focus);
-        Child child(m_page->centralWidget(), false);
-        MTextEdit field(MTextEditModel::SingleLine, QString(), m_page->centralWidget());
+        StageWith<SwallowingPage> stage;
+        Child child(stage.page.centralWidget(), false);
+        MTextEdit field(MTextEditModel::SingleLine, QString(), stage.page.centralWidget());
         field.setGeometry(QRectF(0, 500, 400, 60));
-        if (focus == QLatin1String("widget"))
-            Finger(m_window).tap({200, 200});
-        if (focus == QLatin1String("field"))
-            Finger(m_window).tap({200, 530});
-        QCOMPARE(m_window->scene()->focusItem() != nullptr, !focus.isEmpty());
-        m_page->events.clear();
-        QTest::keyClick(m_window, Qt::Key_Return);
-        QCOMPARE(m_page->events.count(QEvent::KeyRelease), 1);
+        const auto typeReturn = [&stage] {
+            stage.page.events.clear();
+            QTest::keyClick(&stage.window, Qt::Key_Return);
+            return stage.page.events.count(QEvent::KeyRelease);
+        };
+        QCOMPARE(typeReturn(), 1);
+        for (const QPointF onChildThenField : {QPointF(200, 200), QPointF(200, 530)}) {
+            stage.finger.tap(onChildThenField);
+            QVERIFY(stage.window.scene()->focusItem());
+            QCOMPARE(typeReturn(), 1);
+        }
     }
 
     void tapOnBareGroundLeavesTheCursorInTheField()
     {
-        MTextEdit field(MTextEditModel::SingleLine, QString(), m_page->centralWidget());
+        StageWith<SwallowingPage> stage;
+        MTextEdit field(MTextEditModel::SingleLine, QString(), stage.page.centralWidget());
         field.setGeometry(QRectF(0, 500, 400, 60));
-        Finger(m_window).tap({200, 530});
-        Finger(m_window).tap({200, 300});
-        QTest::keyClicks(m_window, QStringLiteral("on"));
-        QCOMPARE(field.text(), QStringLiteral("on"));
+        stage.finger.tap({200, 530});
+        stage.finger.tap({200, 300});
+        QTest::keyClicks(&stage.window, "on"_s);
+        QCOMPARE(field.text(), "on"_s);
     }
 };
 

@@ -8,9 +8,7 @@
 #include "stage.h"
 
 #include <QKeyEvent>
-#include <QSignalSpy>
 #include <QStyleHints>
-#include <QTest>
 
 namespace {
 
@@ -35,55 +33,39 @@ class WindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void opensOneToOneOrAsLargeAsTheScreenAllows_data()
-    {
-        QTest::addColumn<QSize>("available");
-        QTest::addColumn<QSize>("opened");
-        QTest::newRow("desktop") << QSize(1920, 1080) << QSize(480, 814);
-        QTest::newRow("small laptop") << QSize(1366, 407) << QSize(240, 407);
-        QTest::newRow("narrow phone") << QSize(360, 814) << QSize(360, 610);
-    }
-
     void opensOneToOneOrAsLargeAsTheScreenAllows()
     {
-        QFETCH(QSize, available);
-        QTEST(MApplicationWindow::openingSize(QSize(480, 814), available), "opened");
-    }
-
-    void keepsTheAspectCentredWhenResized_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QRect>("shown");
-        QTest::newRow("twice") << QSize(960, 1628) << QRect(0, 0, 960, 1628);
-        QTest::newRow("wide") << QSize(1000, 407) << QRect(380, 0, 240, 407);
-        QTest::newRow("high") << QSize(240, 608) << QRect(0, 100, 240, 407);
+        const auto opened = [](int width, int height) {
+            return MApplicationWindow::openingSize(QSize(480, 814), QSize(width, height));
+        };
+        QCOMPARE(opened(1920, 1080), QSize(480, 814)); // a desktop
+        QCOMPARE(opened(1366, 407), QSize(240, 407)); // a small laptop
+        QCOMPARE(opened(360, 814), QSize(360, 610)); // a narrow phone
     }
 
     void keepsTheAspectCentredWhenResized()
     {
-        QFETCH(QSize, size);
         MApplicationWindow window;
         window.show();
-        window.resize(size);
-        const QRect shown(window.mapFromScene(0, 0), window.mapFromScene(480, 814) - QPoint(1, 1));
-        QTEST(shown, "shown");
-    }
-
-    void fillsTheScreenOfAPhone_data()
-    {
-        QTest::addColumn<QSize>("screen");
-        QTest::addColumn<bool>("filled");
-        QTest::newRow("phone") << QSize(360, 720) << true;
-        QTest::newRow("large phone") << QSize(540, 1140) << true;
-        QTest::newRow("phone held sideways") << QSize(720, 360) << false;
-        QTest::newRow("tablet") << QSize(800, 1280) << false;
-        QTest::newRow("small laptop") << QSize(480, 320) << false;
+        const auto shown = [&window](int width, int height) {
+            window.resize(width, height);
+            return QRect(window.mapFromScene(0, 0), window.mapFromScene(480, 814) - QPoint(1, 1));
+        };
+        QCOMPARE(shown(960, 1628), QRect(0, 0, 960, 1628));
+        QCOMPARE(shown(1000, 407), QRect(380, 0, 240, 407));
+        QCOMPARE(shown(240, 608), QRect(0, 100, 240, 407));
     }
 
     void fillsTheScreenOfAPhone()
     {
-        QFETCH(QSize, screen);
-        QTEST(MApplicationWindow::fillsScreen(QSize(480, 814), screen), "filled");
+        const auto fills = [](int width, int height) {
+            return MApplicationWindow::fillsScreen(QSize(480, 814), QSize(width, height));
+        };
+        QVERIFY(fills(360, 720));
+        QVERIFY(fills(540, 1140));
+        QVERIFY2(!fills(720, 360), "a phone held sideways");
+        QVERIFY2(!fills(800, 1280), "a tablet");
+        QVERIFY2(!fills(480, 320), "a small laptop");
     }
 
     void keepsItsScaleAndTheCursorInViewAboveTheKeyboard()
@@ -126,102 +108,85 @@ private slots:
         MApplicationWindow window;
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        QTest::keyClicks(&window, QStringLiteral("lost"));
+        QTest::keyClicks(&window, "lost"_s);
         KeyCounter below;
         KeyCounter above;
         below.appear(&window);
         above.appear(&window);
-        QTest::keyClicks(&window, QStringLiteral("up"));
+        QTest::keyClicks(&window, "up"_s);
         above.disappear();
-        QTest::keyClicks(&window, QStringLiteral("down"));
-        QCOMPARE(above.typed, QStringLiteral("up"));
-        QCOMPARE(below.typed, QStringLiteral("down"));
+        QTest::keyClicks(&window, "down"_s);
+        QCOMPARE(above.typed, "up"_s);
+        QCOMPARE(below.typed, "down"_s);
         QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(!window.isVisible());
     }
 
     void secondTapActsOnNothingNew_data()
     {
-        QTest::addColumn<Finger::Kind>("kind");
-        QTest::addColumn<int>("interval");
-        QTest::addColumn<QPointF>("offset");
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<int>("clicks"); // those of the first control, then a digit for those of the second
-        const auto row = [](const char *name, int interval, const QPointF &offset, const char *change, int clicks) {
-            QTest::addRow("%s, mouse", name)
-                << Finger::Mouse << interval << offset << QString::fromLatin1(change) << clicks;
-            QTest::addRow("%s, touch", name)
-                << Finger::Touch << interval << offset << QString::fromLatin1(change) << clicks;
-        };
-        row("same control", 60000, {}, "", 30);
-        row("another control has come", 60000, {9, -9}, "replace", 10);
-        row("the first one has gone", 60000, {}, "remove", 10);
-        row("it shows something else", 60000, {}, "turn", 10);
-        row("elsewhere", 60000, {30, 0}, "replace", 12);
-        row("later", 0, {}, "replace", 12);
+        // The clicks are those of the first control, then a digit for those of the second.
+        const Table<int, QPointF, QString, int> row("interval", "offset", "change", "clicks");
+        row("same control", 60000, {}, {}, 30);
+        row("another control has come", 60000, {9, -9}, "replace"_s, 10);
+        row("the first one has gone", 60000, {}, "remove"_s, 10);
+        row("it shows something else", 60000, {}, "turn"_s, 10);
+        row("elsewhere", 60000, {30, 0}, "replace"_s, 12);
+        row("later", 0, {}, "replace"_s, 12);
     }
 
     void secondTapActsOnNothingNew()
     {
-        QFETCH(Finger::Kind, kind);
         QFETCH(int, interval);
         QFETCH(QPointF, offset);
         QFETCH(QString, change);
         QStyleHints *hints = QGuiApplication::styleHints();
         const int usual = hints->mouseDoubleClickInterval();
         hints->setMouseDoubleClickInterval(interval);
-        Stage stage(kind);
-        MButton below;
-        Leaf first;
-        stage.put(&below, QRectF(100, 100, 200, 200));
-        stage.put(&first, QRectF(100, 100, 200, 200));
-        below.setVisible(change != QLatin1String("replace"));
-        QSignalSpy firstClicked(&first, &MButton::clicked);
-        QSignalSpy belowClicked(&below, &MButton::clicked);
-        connect(&first, &MButton::clicked, &first, [&] {
-            first.number += change == QLatin1String("turn");
-            first.setVisible(change.isEmpty() || change == QLatin1String("turn"));
-            below.setVisible(true);
-        });
-        stage.finger.tap({200, 200});
-        stage.finger.tap(QPointF(200, 200) + offset);
-        stage.finger.tap(QPointF(200, 200) + offset);
+        for (const Finger::Kind kind : {Finger::Mouse, Finger::Touch}) {
+            Stage stage(kind);
+            MButton below;
+            Leaf first;
+            stage.put(&below, QRectF(100, 100, 200, 200));
+            stage.put(&first, QRectF(100, 100, 200, 200));
+            below.setVisible(change != "replace"_s);
+            QSignalSpy firstClicked(&first, &MButton::clicked);
+            QSignalSpy belowClicked(&below, &MButton::clicked);
+            connect(&first, &MButton::clicked, &first, [&] {
+                first.number += change == "turn"_s;
+                first.setVisible(change.isEmpty() || change == "turn"_s);
+                below.setVisible(true);
+            });
+            stage.finger.tap({200, 200});
+            stage.finger.tap(QPointF(200, 200) + offset);
+            stage.finger.tap(QPointF(200, 200) + offset);
+            QTEST(static_cast<int>(firstClicked.count() * 10 + belowClicked.count()), "clicks");
+        }
         hints->setMouseDoubleClickInterval(usual);
-        QTEST(firstClicked.count() * 10 + belowClicked.count(), "clicks");
-    }
-
-    void heldKeyActivatesOnce_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("written");
-        QTest::newRow("Return") << int(Qt::Key_Return) << QStringLiteral("\n\n\n");
-        QTest::newRow("Space") << int(Qt::Key_Space) << QStringLiteral("   ");
     }
 
     void heldKeyActivatesOnce()
     {
-        QFETCH(int, key);
-        Stage stage;
-        MButton button;
-        MTextEdit text(MTextEditModel::MultiLine);
-        stage.put(&button, QRectF(100, 100, 200, 50));
-        stage.put(&text, QRectF(100, 200, 200, 200));
-        QSignalSpy clicked(&button, &MButton::clicked);
-        const auto hold = [&](QGraphicsItem *item) {
-            item->setFocus();
-            for (int i = 0; i < 3; ++i) {
-                const bool again = i > 0;
-                const QString letter(key == Qt::Key_Space ? QLatin1Char(' ') : QLatin1Char('\r'));
-                QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, letter, again);
-                QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, letter, i < 2);
-                QCoreApplication::sendEvent(&stage.window, &press);
-                QCoreApplication::sendEvent(&stage.window, &release);
+        for (const auto &[key, letter, written] :
+             {std::tuple(Qt::Key_Return, "\r", "\n\n\n"), {Qt::Key_Space, " ", "   "}}) {
+            Stage stage;
+            MButton button;
+            MTextEdit text(MTextEditModel::MultiLine);
+            stage.put(&button, QRectF(100, 100, 200, 50));
+            stage.put(&text, QRectF(100, 200, 200, 200));
+            QSignalSpy clicked(&button, &MButton::clicked);
+            for (QGraphicsItem *item : {static_cast<QGraphicsItem *>(&button), static_cast<QGraphicsItem *>(&text)}) {
+                item->setFocus();
+                for (int i = 0; i < 3; ++i) {
+                    const QString typed = QLatin1String(letter);
+                    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, typed, i > 0);
+                    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, typed, i < 2);
+                    QCoreApplication::sendEvent(&stage.window, &press);
+                    QCoreApplication::sendEvent(&stage.window, &release);
+                }
             }
-        };
-        hold(&button);
-        QCOMPARE(clicked.count(), 1);
-        hold(&text);
-        QTEST(text.text(), "written");
+            QCOMPARE(clicked.count(), 1);
+            QCOMPARE(text.text(), QLatin1String(written));
+        }
     }
 };
 

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "finger.h"
-#include "mapplicationpage.h"
-#include "mapplicationwindow.h"
 #include "mbutton.h"
 #include "mdialog.h"
 #include "mlabel.h"
 #include "mmessagebox.h"
 #include "mtextedit.h"
 #include "softwarekeyboard.h"
+#include "stage.h"
 
 #include <QGestureEvent>
 #include <QGraphicsScene>
 #include <QGraphicsSceneWheelEvent>
-#include <QTest>
 
 #include <functional>
 #include <memory>
@@ -52,7 +49,7 @@ public:
     QVector<int> results;
 
     Question()
-        : MDialog(QStringLiteral("Question"), M::OkButton | M::CancelButton)
+        : MDialog("Question"_s, M::OkButton | M::CancelButton)
         , m_field(new MTextEdit(MTextEditModel::SingleLine))
     {
         setCentralWidget(m_field);
@@ -85,7 +82,7 @@ QPointF centreOf(const QGraphicsItem *item)
     return item->sceneBoundingRect().center();
 }
 
-using End = std::function<void(std::unique_ptr<MApplicationWindow> &, Question &)>;
+using End = std::function<void(Question &)>;
 
 } // namespace
 
@@ -94,53 +91,40 @@ Q_DECLARE_METATYPE(End)
 class DialogTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<MApplicationWindow> m_window;
-    std::unique_ptr<Ground> m_ground;
+    std::unique_ptr<StageWith<Ground>> m_stage;
 
 private slots:
-    void init()
-    {
-        m_window = std::make_unique<MApplicationWindow>();
-        m_window->resize(240, 407);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        m_ground = std::make_unique<Ground>();
-        m_ground->appear(m_window.get());
-    }
-
-    void cleanup()
-    {
-        m_window.reset();
-        m_ground.reset();
-    }
+    void init() { m_stage = std::make_unique<StageWith<Ground>>(); }
+    void cleanup() { m_stage.reset(); }
 
     void endsOnceHoweverItEnds_data()
     {
-        QTest::addColumn<End>("end");
-        QTest::addColumn<int>("result");
-        const auto row = [](const char *name, int result, const End &end) { QTest::newRow(name) << end << result; };
-        using Window = std::unique_ptr<MApplicationWindow>;
-        const int accepted = MDialog::Accepted;
-        const int rejected = MDialog::Rejected;
-        row("OK", accepted, [](Window &w, Question &q) { Finger(w.get()).tap(centreOf(q.button("OK"))); });
-        row("Cancel", rejected, [](Window &w, Question &q) { Finger(w.get()).tap(centreOf(q.button("Cancel"))); });
-        row("Return", accepted, [](Window &w, Question &) { QTest::keyClick(w.get(), Qt::Key_Return); });
-        row("Escape", rejected, [](Window &w, Question &) { QTest::keyClick(w.get(), Qt::Key_Escape); });
-        row("Return with no focus", accepted, [](Window &w, Question &) {
-            w->scene()->setFocusItem(nullptr);
-            QTest::keyClick(w.get(), Qt::Key_Return);
+        const Table<int, End> row("result", "end");
+        const auto tap = [this](const char *text) -> End {
+            return [this, text](Question &question) { m_stage->finger.tap(centreOf(question.button(text))); };
+        };
+        const auto type = [this](Qt::Key key) -> End {
+            return [this, key](Question &) { QTest::keyClick(&m_stage->window, key); };
+        };
+        row("OK", MDialog::Accepted, tap("OK"));
+        row("Cancel", MDialog::Rejected, tap("Cancel"));
+        row("Return", MDialog::Accepted, type(Qt::Key_Return));
+        row("Escape", MDialog::Rejected, type(Qt::Key_Escape));
+        row("Return with no focus", MDialog::Accepted, [this](Question &) {
+            m_stage->window.scene()->setFocusItem(nullptr);
+            QTest::keyClick(&m_stage->window, Qt::Key_Return);
         });
-        row("accept() twice", accepted, [](Window &, Question &q) {
-            q.accept();
-            q.accept();
-            q.reject();
+        row("accept() twice", MDialog::Accepted, [](Question &question) {
+            question.accept();
+            question.accept();
+            question.reject();
         });
-        row("dismiss()", rejected, [](Window &, Question &q) { q.dismiss(); });
-        row("disappear()", rejected, [](Window &, Question &q) { q.disappear(); });
-        row("window gone", rejected, [](Window &w, Question &) { w.reset(); });
-        row("dismissed by its own signal", accepted, [](Window &, Question &q) {
-            connect(&q, &MSceneWindow::disappeared, &q, &MSceneWindow::dismiss);
-            q.accept();
+        row("dismiss()", MDialog::Rejected, [](Question &question) { question.dismiss(); });
+        row("disappear()", MDialog::Rejected, [](Question &question) { question.disappear(); });
+        row("window gone", MDialog::Rejected, [this](Question &) { m_stage.reset(); });
+        row("dismissed by its own signal", MDialog::Accepted, [](Question &question) {
+            connect(&question, &MSceneWindow::disappeared, &question, &MSceneWindow::dismiss);
+            question.accept();
         });
     }
 
@@ -149,9 +133,9 @@ private slots:
         QFETCH(End, end);
         QFETCH(int, result);
         Question question;
-        question.appear(m_window.get());
+        question.appear(&m_stage->window);
         QTRY_VERIFY(question.hasAppeared());
-        end(m_window, question);
+        end(question);
         QCOMPARE(question.results, QVector<int>{result});
         QVERIFY(!question.isOnDisplay());
 
@@ -161,80 +145,74 @@ private slots:
         QCOMPARE(question.results, (QVector<int>{result, MDialog::Accepted}));
     }
 
-    void nothingBeneathHearsAnything_data()
-    {
-        QTest::addColumn<QPointF>("at");
-        QTest::newRow("on the box") << QPointF(240, 380);
-        QTest::newRow("beside it") << QPointF(60, 60);
-    }
-
     void nothingBeneathHearsAnything()
     {
-        QFETCH(QPointF, at);
-        MDialog dialog(QStringLiteral("Title"));
-        dialog.appear(m_window.get());
-        m_ground->heard = 0;
-        for (Finger finger : {Finger(m_window.get()), Finger(m_window.get(), Finger::Touch)}) {
-            finger.tap(at);
-            finger.drag(at, at + QPointF(0, 100));
-            finger.wheel(at, 1);
-        }
-        QTest::keyClicks(m_window.get(), QStringLiteral("abc"));
-        QTest::keyClick(m_window.get(), Qt::Key_Tab);
-        QCOMPARE(m_ground->heard, 0);
-        QVERIFY(dialog.isOnDisplay());
+        for (const QPointF onTheBoxOrBesideIt : {QPointF(240, 380), QPointF(60, 60)}) {
+            MDialog dialog("Title"_s);
+            dialog.appear(&m_stage->window);
+            m_stage->page.heard = 0;
+            for (Finger finger : {Finger(&m_stage->window), Finger(&m_stage->window, Finger::Touch)}) {
+                finger.tap(onTheBoxOrBesideIt);
+                finger.drag(onTheBoxOrBesideIt, onTheBoxOrBesideIt + QPointF(0, 100));
+                finger.wheel(onTheBoxOrBesideIt, 1);
+            }
+            QTest::keyClicks(&m_stage->window, "abc"_s);
+            QTest::keyClick(&m_stage->window, Qt::Key_Tab);
+            QCOMPARE(m_stage->page.heard, 0);
+            QVERIFY(dialog.isOnDisplay());
 
-        dialog.dismiss();
-        Finger(m_window.get()).tap(at);
-        QVERIFY2(m_ground->heard > 0, "the page must react at once, also while the dialog still fades");
+            dialog.dismiss();
+            m_stage->finger.tap(onTheBoxOrBesideIt);
+            QVERIFY2(m_stage->page.heard > 0, "the page must react at once, also while the dialog still fades");
+        }
     }
 
     void focusGoesBackToWhereItWas()
     {
-        MTextEdit field(MTextEditModel::SingleLine, QString(), m_ground->centralWidget());
+        MTextEdit field(MTextEditModel::SingleLine, QString(), m_stage->page.centralWidget());
         field.setGeometry(QRectF(20, 20, 400, 60));
         field.setFocus();
-        QGraphicsItem *before = m_window->scene()->focusItem();
+        QGraphicsItem *before = m_stage->window.scene()->focusItem();
         QVERIFY(before);
         Question first;
         Question second;
-        first.appear(m_window.get());
-        QTest::keyClicks(m_window.get(), QStringLiteral("1"));
-        QGraphicsItem *inFirst = m_window->scene()->focusItem();
-        second.appear(m_window.get());
-        QTest::keyClicks(m_window.get(), QStringLiteral("2"));
+        first.appear(&m_stage->window);
+        QTest::keyClicks(&m_stage->window, "1"_s);
+        QGraphicsItem *inFirst = m_stage->window.scene()->focusItem();
+        second.appear(&m_stage->window);
+        QTest::keyClicks(&m_stage->window, "2"_s);
         second.accept();
-        QCOMPARE(m_window->scene()->focusItem(), inFirst);
-        QTest::keyClicks(m_window.get(), QStringLiteral("3"));
+        QCOMPARE(m_stage->window.scene()->focusItem(), inFirst);
+        QTest::keyClicks(&m_stage->window, "3"_s);
         first.accept();
-        QCOMPARE(m_window->scene()->focusItem(), before);
-        QTest::keyClicks(m_window.get(), QStringLiteral("4"));
-        QCOMPARE(first.field()->text(), QStringLiteral("13"));
-        QCOMPARE(second.field()->text(), QStringLiteral("2"));
-        QCOMPARE(field.text(), QStringLiteral("4"));
+        QCOMPARE(m_stage->window.scene()->focusItem(), before);
+        QTest::keyClicks(&m_stage->window, "4"_s);
+        QCOMPARE(first.field()->text(), "13"_s);
+        QCOMPARE(second.field()->text(), "2"_s);
+        QCOMPARE(field.text(), "4"_s);
     }
 
     void focusSetOnThePageMeanwhileDoesNotLockTheDialog()
     {
-        MTextEdit field(MTextEditModel::SingleLine, QString(), m_ground->centralWidget());
+        MTextEdit field(MTextEditModel::SingleLine, QString(), m_stage->page.centralWidget());
         Question question;
-        question.appear(m_window.get());
+        question.appear(&m_stage->window);
         field.setFocus();
-        QTest::keyClicks(m_window.get(), QStringLiteral("a"));
+        QTest::keyClicks(&m_stage->window, "a"_s);
         QCOMPARE(field.text(), QString());
-        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        QTest::keyClick(&m_stage->window, Qt::Key_Escape);
         QVERIFY(!question.isOnDisplay());
     }
 
     void tabGoesRoundInside()
     {
-        MButton beneath(QStringLiteral("Beneath"), m_ground->centralWidget());
+        MButton beneath("Beneath"_s, m_stage->page.centralWidget());
         Question question;
-        question.appear(m_window.get());
+        question.appear(&m_stage->window);
         QVector<QGraphicsItem *> visited;
         for (Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab}) {
-            QTest::keyClick(m_window.get(), key);
-            visited.append(m_window->scene()->focusItem());
+            QTest::keyClick(&m_stage->window, key);
+            visited.append(m_stage->window.scene()->focusItem());
         }
         QGraphicsItem *ok = question.button("OK");
         QCOMPARE(visited, (QVector<QGraphicsItem *>{ok, question.button("Cancel"), visited.at(2), ok, visited.at(2)}));
@@ -243,52 +221,46 @@ private slots:
 
     void keyHeldDownFromBeforeAnswersNothing()
     {
-        MDialog dialog(QStringLiteral("Title"), M::OkButton);
-        dialog.appear(m_window.get());
+        MDialog dialog("Title"_s, M::OkButton);
+        dialog.appear(&m_stage->window);
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
-        QCoreApplication::sendEvent(m_window.get(), &held);
+        QCoreApplication::sendEvent(&m_stage->window, &held);
         QVERIFY(dialog.isOnDisplay());
-    }
-
-    void mayBeDestroyedFromItsOwnSignals_data()
-    {
-        QTest::addColumn<bool>("byTap");
-        QTest::newRow("by a tap on OK") << true;
-        QTest::newRow("by Return") << false;
     }
 
     void mayBeDestroyedFromItsOwnSignals()
     {
-        QFETCH(bool, byTap);
-        QPointer<Question> question = new Question;
-        connect(question, &MSceneWindow::disappeared, this, [&question] { delete question; });
-        question->appear(m_window.get());
-        QTRY_VERIFY(question->hasAppeared());
-        byTap ? Finger(m_window.get()).tap(centreOf(question->button("OK")))
-              : QTest::keyClick(m_window.get(), Qt::Key_Return);
-        QVERIFY(!question);
-        Finger(m_window.get()).tap({5, 5});
+        for (const bool byTap : {true, false}) {
+            QPointer<Question> question = new Question;
+            connect(question, &MSceneWindow::disappeared, this, [&question] { delete question; });
+            question->appear(&m_stage->window);
+            QTRY_VERIFY(question->hasAppeared());
+            byTap ? m_stage->finger.tap(centreOf(question->button("OK")))
+                  : QTest::keyClick(&m_stage->window, Qt::Key_Return);
+            QVERIFY(!question);
+            m_stage->finger.tap({5, 5});
+        }
     }
 
     void nextOneMayAppearFromItsSignals()
     {
-        MMessageBox next(QStringLiteral("Next"));
+        MMessageBox next("Next"_s);
         Question question;
-        connect(&question, &MSceneWindow::disappeared, &next, [this, &next] { next.appear(m_window.get()); });
-        question.appear(m_window.get());
+        connect(&question, &MSceneWindow::disappeared, &next, [this, &next] { next.appear(&m_stage->window); });
+        question.appear(&m_stage->window);
         QTRY_VERIFY(question.hasAppeared());
-        QTest::keyClick(m_window.get(), Qt::Key_Return);
+        QTest::keyClick(&m_stage->window, Qt::Key_Return);
         QVERIFY(next.isOnDisplay());
-        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        QTest::keyClick(&m_stage->window, Qt::Key_Escape);
         QVERIFY(!next.isOnDisplay());
     }
 
     void makesRoomForTheSoftwareKeyboard()
     {
         HalfScreenKeyboard keyboard;
-        keyboard.window = m_window.get();
+        keyboard.window = &m_stage->window;
         Question question;
-        question.appear(m_window.get());
+        question.appear(&m_stage->window);
         QVERIFY2(keyboard.isInputPanelVisible(), "a field that has the focus asks for it");
         keyboard.emitKeyboardRectChanged();
         QVERIFY(question.button("OK")->geometry().bottom() < 407);
@@ -301,14 +273,14 @@ private slots:
     {
         const auto textHeight = [this](const QString &text) {
             MMessageBox box(text);
-            box.appear(m_window.get());
+            box.appear(&m_stage->window);
             const QRectF label = box.centralWidget()->geometry();
             return label.intersected(QRectF(0, 0, 480, 814)) == label ? label.height() : -1;
         };
-        const qreal one = textHeight(QStringLiteral("Short."));
-        const qreal several = textHeight(QStringLiteral("This one takes several lines. ").repeated(5));
+        const qreal one = textHeight("Short."_s);
+        const qreal several = textHeight("This one takes several lines. "_s.repeated(5));
         QVERIFY(several > 2 * one);
-        QVERIFY2(textHeight(QStringLiteral("Too long for any screen. ").repeated(500)) > several, "must stay inside");
+        QVERIFY2(textHeight("Too long for any screen. "_s.repeated(500)) > several, "must stay inside");
     }
 };
 

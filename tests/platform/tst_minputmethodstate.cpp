@@ -1,42 +1,26 @@
 // SPDX-License-Identifier: MIT
+#include "buspeer.h"
 #include "minputmethodstate.h"
-
-#include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
-/// The keyboard of a phone's shell, on a bus connection of its own.
-class ShellKeyboard : public QDBusVirtualObject {
+/// The keyboard of a phone's shell.
+class ShellKeyboard : public BusPeer {
 public:
     ShellKeyboard()
+        : BusPeer("sm.puri.OSK0"_s, "/sm/puri/OSK0"_s)
     {
-        QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
-        bus.registerVirtualObject(QStringLiteral("/sm/puri/OSK0"), this, QDBusConnection::SingleNode);
-        bus.registerService(QStringLiteral("sm.puri.OSK0"));
-    }
-    ~ShellKeyboard() override { QDBusConnection::disconnectFromBus(connectionName); }
-
-    QString introspect(const QString &) const override { return QString(); }
-
-    bool handleMessage(const QDBusMessage &call, const QDBusConnection &connection) override
-    {
-        if (call.interface() != QLatin1String("sm.puri.OSK0") || call.member() != QLatin1String("SetVisible"))
-            return false;
-        wishes << call.arguments().value(0).toBool();
-        connection.send(call.createReply());
-        return true;
     }
 
-    QList<bool> wishes;
-
-private:
-    const QString connectionName = QStringLiteral("shell");
+    QList<bool> wishes() const
+    {
+        QList<bool> all;
+        for (const QDBusMessage &call : calls) {
+            if (call.interface() == "sm.puri.OSK0"_s && call.member() == "SetVisible"_s)
+                all << call.arguments().value(0).toBool();
+        }
+        return all;
+    }
 };
 
 } // namespace
@@ -58,7 +42,7 @@ private slots:
         QTRY_VERIFY(m_state->isShellPanelVisible());
         MInputMethodState::closeSoftwareInputPanel();
         QTRY_VERIFY(!m_state->isShellPanelVisible());
-        QCOMPARE(shell.wishes, QList<bool>({true, false}));
+        QCOMPARE(shell.wishes(), QList<bool>({true, false}));
     }
 
     void onlyTheLastWordCounts()
@@ -69,7 +53,7 @@ private slots:
         QTRY_VERIFY(m_state->isShellPanelVisible());
         MInputMethodState::closeSoftwareInputPanel();
         MInputMethodState::requestSoftwareInputPanel();
-        QTRY_COMPARE(shell.wishes, QList<bool>({true, true}));
+        QTRY_COMPARE(shell.wishes(), QList<bool>({true, true}));
         QCOMPARE(changes.count(), 1);
     }
 
@@ -80,7 +64,7 @@ private slots:
         QTRY_VERIFY(m_state->isShellPanelVisible());
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
-        QTRY_COMPARE(shell.wishes, QList<bool>({true, false}));
+        QTRY_COMPARE(shell.wishes(), QList<bool>({true, false}));
     }
 
     void noShellNoKeyboard()
@@ -91,7 +75,7 @@ private slots:
         MInputMethodState::requestSoftwareInputPanel();
         qputenv("WAYLAND_DISPLAY", "wayland-of-a-phone");
         MInputMethodState::closeSoftwareInputPanel();
-        QTRY_COMPARE(shell.wishes.count(false), 1);
+        QTRY_COMPARE(shell.wishes().count(false), 1);
         QVERIFY(!m_state->isShellPanelVisible());
     }
 };

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mapplicationwindow.h"
 #include "mscenewindow.h"
-
-#include <QSignalSpy>
-#include <QTest>
+#include "testing.h"
 
 #include <memory>
 
@@ -29,17 +27,15 @@ class SceneWindowTest : public QObject {
 private slots:
     void policySaysWhatBecomesOfIt_data()
     {
-        QTest::addColumn<Policy>("policy");
-        QTest::addColumn<Leave>("leave");
-        QTest::addColumn<bool>("destroyed");
+        const Table<Policy, Leave, bool> row("policy", "leave", "destroyed");
         const Leave disappear = &MSceneWindow::disappear;
         const Leave dismiss = &MSceneWindow::dismiss;
-        QTest::newRow("keep, disappear") << MSceneWindow::KeepWhenDone << disappear << false;
-        QTest::newRow("keep, dismiss") << MSceneWindow::KeepWhenDone << dismiss << false;
-        QTest::newRow("done, disappear") << MSceneWindow::DestroyWhenDone << disappear << true;
-        QTest::newRow("done, dismiss") << MSceneWindow::DestroyWhenDone << dismiss << true;
-        QTest::newRow("dismissed, disappear") << MSceneWindow::DestroyWhenDismissed << disappear << false;
-        QTest::newRow("dismissed, dismiss") << MSceneWindow::DestroyWhenDismissed << dismiss << true;
+        row("keep, disappear", MSceneWindow::KeepWhenDone, disappear, false);
+        row("keep, dismiss", MSceneWindow::KeepWhenDone, dismiss, false);
+        row("done, disappear", MSceneWindow::DestroyWhenDone, disappear, true);
+        row("done, dismiss", MSceneWindow::DestroyWhenDone, dismiss, true);
+        row("dismissed, disappear", MSceneWindow::DestroyWhenDismissed, disappear, false);
+        row("dismissed, dismiss", MSceneWindow::DestroyWhenDismissed, dismiss, true);
     }
 
     void policySaysWhatBecomesOfIt()
@@ -111,25 +107,18 @@ private slots:
         delete hidden;
     }
 
-    void mayBeDestroyedFromItsOwnSignals_data()
-    {
-        QTest::addColumn<bool>("whenAppeared");
-        QTest::newRow("appeared") << true;
-        QTest::newRow("disappeared") << false;
-    }
-
     void mayBeDestroyedFromItsOwnSignals()
     {
-        QFETCH(bool, whenAppeared);
-        MApplicationWindow window;
-        QPointer<MSceneWindow> shown = new Swallower;
-        connect(shown, whenAppeared ? &MSceneWindow::appeared : &MSceneWindow::disappeared, &window,
-                [&shown] { delete shown; });
-        shown->appear(&window, MSceneWindow::DestroyWhenDone);
-        if (shown)
-            shown->dismiss();
-        QVERIFY(!shown);
-        QCoreApplication::processEvents();
+        for (const auto signal : {&MSceneWindow::appeared, &MSceneWindow::disappeared}) {
+            MApplicationWindow window;
+            QPointer<MSceneWindow> shown = new Swallower;
+            connect(shown, signal, &window, [&shown] { delete shown; });
+            shown->appear(&window, MSceneWindow::DestroyWhenDone);
+            if (shown)
+                shown->dismiss();
+            QVERIFY(!shown);
+            QCoreApplication::processEvents();
+        }
     }
 };
 

@@ -61,21 +61,16 @@ private slots:
     {
         using Sizes = QVector<QSizeF>;
         using Places = QVector<QRectF>;
-        QTest::addColumn<Sizes>("sizes");
-        QTest::addColumn<Places>("places");
-        QTest::addColumn<qreal>("height");
-        QTest::newRow("empty") << Sizes() << Places() << 0.0;
-        QTest::newRow("caption, then recipients")
-            << Sizes{{400, 30}, {30, 30}, {110, 40}} << Places{{0, 0, 400, 30}, {410, 0, 30, 30}, {0, 40, 110, 40}}
-            << 80.0;
-        QTest::newRow("exact fit") << Sizes{{225, 40}, {225, 40}} << Places{{0, 0, 225, 40}, {235, 0, 225, 40}} << 40.0;
-        QTest::newRow("a pixel too wide")
-            << Sizes{{225, 40}, {226, 40}} << Places{{0, 0, 225, 40}, {0, 50, 226, 40}} << 90.0;
-        QTest::newRow("row as high as its highest")
-            << Sizes{{100, 30}, {100, 60}, {400, 20}} << Places{{0, 0, 100, 30}, {110, 0, 100, 60}, {0, 70, 400, 20}}
-            << 90.0;
-        QTest::newRow("wider than the row") << Sizes{{100, 40}, {18020, 40}, {100, 40}}
-                                            << Places{{0, 0, 100, 40}, {0, 50, 460, 40}, {0, 100, 100, 40}} << 140.0;
+        const Table<Sizes, Places, qreal> row("sizes", "places", "height");
+        row("empty", Sizes(), Places(), 0.0);
+        row("caption, then recipients", {{400, 30}, {30, 30}, {110, 40}},
+            {{0, 0, 400, 30}, {410, 0, 30, 30}, {0, 40, 110, 40}}, 80.0);
+        row("exact fit", {{225, 40}, {225, 40}}, {{0, 0, 225, 40}, {235, 0, 225, 40}}, 40.0);
+        row("a pixel too wide", {{225, 40}, {226, 40}}, {{0, 0, 225, 40}, {0, 50, 226, 40}}, 90.0);
+        row("row as high as its highest", {{100, 30}, {100, 60}, {400, 20}},
+            {{0, 0, 100, 30}, {110, 0, 100, 60}, {0, 70, 400, 20}}, 90.0);
+        row("wider than the row", {{100, 40}, {18020, 40}, {100, 40}},
+            {{0, 0, 100, 40}, {0, 50, 460, 40}, {0, 100, 100, 40}}, 140.0);
     }
 
     void flows()

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "deviceidentity.h"
 #include "mobilecountry.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include "testing.h"
 
 class SystemInfoTest : public QObject {
     Q_OBJECT
 
     static void writeFile(const QString &path, const QByteArray &content)
     {
+        if (content.isEmpty())
+            return;
         QVERIFY(QDir().mkpath(QFileInfo(path).path()));
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -18,58 +17,40 @@ class SystemInfoTest : public QObject {
     }
 
 private slots:
-    void countryOfALocale_data()
-    {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("country");
-        QTest::newRow("Switzerland") << QStringLiteral("de_CH") << QStringLiteral("CH");
-        QTest::newRow("with a script") << QStringLiteral("sr_Latn_RS") << QStringLiteral("RS");
-        QTest::newRow("a region, no country") << QStringLiteral("en_001") << QString();
-    }
-
     void countryOfALocale()
     {
-        QFETCH(QString, locale);
-        QTEST(DeviceIdentity::countryOfLocale(locale), "country");
+        QCOMPARE(DeviceIdentity::countryOfLocale("de_CH"_s), "CH"_s);
+        QCOMPARE(DeviceIdentity::countryOfLocale("sr_Latn_RS"_s), "RS"_s);
+        QCOMPARE(DeviceIdentity::countryOfLocale("en_001"_s), QString()); // a region, no country
     }
 
     void countryOfAMobileNetwork()
     {
-        QCOMPARE(countryOfMobileCode(QStringLiteral("202")), QStringLiteral("GR"));
-        QCOMPARE(countryOfMobileCode(QStringLiteral("316")), QStringLiteral("US"));
-        QCOMPARE(countryOfMobileCode(QStringLiteral("203")), QString());
-        QCOMPARE(countryOfMobileCode(QStringLiteral("abc")), QString());
-    }
-
-    void modelOfTheHardware_data()
-    {
-        QTest::addColumn<QByteArray>("deviceTree");
-        QTest::addColumn<QByteArray>("dmi");
-        QTest::addColumn<QString>("model");
-        QTest::newRow("board") << QByteArray("Board 4 Rev 1.2\0", 16) << QByteArray()
-                               << QStringLiteral("Board 4 Rev 1.2");
-        QTest::newRow("laptop") << QByteArray() << QByteArray("Book  14\n") << QStringLiteral("Book 14");
-        QTest::newRow("place-holder") << QByteArray() << QByteArray("To Be Filled By O.E.M.\n") << QString();
-        QTest::newRow("neither") << QByteArray() << QByteArray() << QString();
+        QCOMPARE(countryOfMobileCode("202"_s), "GR"_s);
+        QCOMPARE(countryOfMobileCode("316"_s), "US"_s);
+        QCOMPARE(countryOfMobileCode("203"_s), QString());
+        QCOMPARE(countryOfMobileCode("abc"_s), QString());
     }
 
     void modelOfTheHardware()
     {
-        QFETCH(QByteArray, deviceTree);
-        QFETCH(QByteArray, dmi);
-        QTemporaryDir root;
-        if (!deviceTree.isEmpty())
-            writeFile(root.filePath(QStringLiteral("firmware/devicetree/base/model")), deviceTree);
-        if (!dmi.isEmpty())
-            writeFile(root.filePath(QStringLiteral("devices/virtual/dmi/id/product_name")), dmi);
-        QTEST(DeviceIdentity::hardwareModel(root.path()), "model");
+        const auto model = [](const QByteArray &deviceTree, const QByteArray &dmi) {
+            const QTemporaryDir root;
+            writeFile(root.filePath("firmware/devicetree/base/model"_s), deviceTree);
+            writeFile(root.filePath("devices/virtual/dmi/id/product_name"_s), dmi);
+            return DeviceIdentity::hardwareModel(root.path());
+        };
+        QCOMPARE(model(QByteArray("Board 4 Rev 1.2\0", 16), {}), "Board 4 Rev 1.2"_s);
+        QCOMPARE(model({}, "Book  14\n"), "Book 14"_s);
+        QCOMPARE(model({}, "To Be Filled By O.E.M.\n"), QString());
+        QCOMPARE(model({}, {}), QString());
     }
 
     void derivedIdTellsNothingOfTheMachineId()
     {
         const QByteArray machine = "0123456789abcdef0123456789abcdef";
         // By another tool: printf APPLICATION | openssl dgst -sha256 -hmac MACHINE
-        QCOMPARE(DeviceIdentity::appSpecificId(machine), QStringLiteral("0b200c2298e7c573d5f45e0390cb6635"));
+        QCOMPARE(DeviceIdentity::appSpecificId(machine), "0b200c2298e7c573d5f45e0390cb6635"_s);
         QCOMPARE(DeviceIdentity::appSpecificId(QByteArray()), QString());
     }
 };

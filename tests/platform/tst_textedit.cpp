@@ -9,11 +9,8 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QInputMethodQueryEvent>
-#include <QSignalSpy>
 
 Q_DECLARE_METATYPE(MTextEditModel::LineMode)
-Q_DECLARE_METATYPE(M::TextContentType)
-Q_DECLARE_METATYPE(Qt::InputMethodHints)
 
 namespace {
 
@@ -51,43 +48,44 @@ class TextEditTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void takesTyping_data() { addLineModes(); }
-    void takesTyping()
+    void takesWhatIsWritten_data() { addLineModes(); }
+    void takesWhatIsWritten()
     {
         QFETCH(MTextEditModel::LineMode, mode);
         Stage stage;
         MTextEdit *edit = editOn(stage, mode);
         QSignalSpy changed(edit, &MTextEdit::textChanged);
-        stage.finger.tap(edit->sceneBoundingRect().center());
-        QVERIFY(edit->hasFocus());
-        QTest::keyClicks(&stage.window, QStringLiteral("Hi!"));
-        QCOMPARE(edit->text(), QStringLiteral("Hi!"));
+        SoftwareKeyboard keyboard;
+        const QPointF inEdit = edit->sceneBoundingRect().center();
+        stage.finger.tap(inEdit);
+        QVERIFY(edit->hasFocus() && keyboard.isInputPanelVisible());
+        QTest::keyClicks(&stage.window, "Hi!"_s);
+        QCOMPARE(edit->text(), "Hi!"_s);
         QCOMPARE(changed.count(), 3);
         edit->clear();
         QCOMPARE(edit->text(), QString());
         QCOMPARE(changed.count(), 4);
-    }
 
-    void keepsItsText_data()
-    {
-        QTest::addColumn<MTextEditModel::LineMode>("mode");
-        QTest::addColumn<QString>("set");
-        QTest::addColumn<QString>("kept");
-        const QString special = QStringLiteral("a&b=<i>c</i> \u00e9\u20ac\U0001f600");
-        const QString lines = QStringLiteral("\none\n\n two \n");
-        QTest::newRow("line, special") << MTextEditModel::SingleLine << special << special;
-        QTest::newRow("area, special") << MTextEditModel::MultiLine << special << special;
-        QTest::newRow("area, breaks") << MTextEditModel::MultiLine << lines << lines;
-        QTest::newRow("line, breaks") << MTextEditModel::SingleLine << QStringLiteral("a\nb") << QStringLiteral("a b");
+        MInputMethodState::closeSoftwareInputPanel();
+        QVERIFY(edit->hasFocus() && !keyboard.isInputPanelVisible());
+        stage.finger.tap(inEdit);
+        QVERIFY(keyboard.isInputPanelVisible());
+        QInputMethodEvent event("preedit"_s, {});
+        event.setCommitString("你好 "_s);
+        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+        QCOMPARE(edit->text(), "你好 "_s);
     }
 
     void keepsItsText()
     {
-        QFETCH(MTextEditModel::LineMode, mode);
-        QFETCH(QString, set);
-        QFETCH(QString, kept);
-        MTextEdit edit(mode, set);
-        QCOMPARE(edit.text(), kept);
+        const auto kept
+            = [](MTextEditModel::LineMode mode, const QString &text) { return MTextEdit(mode, text).text(); };
+        const QString special = "a&b=<i>c</i> é€😀"_s;
+        const QString lines = "\none\n\n two \n"_s;
+        QCOMPARE(kept(MTextEditModel::SingleLine, special), special);
+        QCOMPARE(kept(MTextEditModel::MultiLine, special), special);
+        QCOMPARE(kept(MTextEditModel::MultiLine, lines), lines);
+        QCOMPARE(kept(MTextEditModel::SingleLine, "a\nb"_s), "a b"_s);
     }
 
     void returnGoesOnToTheParent_data() { addLineModes(); }
@@ -109,72 +107,30 @@ private slots:
         // The press is the single line's way to accept a dialog, and a line break elsewhere.
         QCOMPARE(witness->pressed, single ? QVector<int>{Qt::Key_Return} : QVector<int>());
         QCOMPARE(returned.count(), single ? 1 : 0);
-        QCOMPARE(edit->text(), single ? QStringLiteral("a") : QStringLiteral("a\n"));
+        QCOMPARE(edit->text(), single ? "a"_s : "a\n"_s);
         QTest::keyClick(&stage.window, Qt::Key_F5);
         QCOMPARE(witness->pressed.count(Qt::Key_F5), 1);
     }
 
-    void contentTypeChoosesTheKeys_data()
-    {
-        QTest::addColumn<M::TextContentType>("type");
-        QTest::addColumn<Qt::InputMethodHints>("with");
-        QTest::addColumn<Qt::InputMethodHints>("without");
-        const Qt::InputMethodHints typed = Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
-        const Qt::InputMethodHints none;
-        QTest::newRow("text") << M::FreeTextContentType << none << typed;
-        QTest::newRow("e-mail") << M::EmailContentType << (typed | Qt::ImhEmailCharactersOnly) << none;
-    }
-
     void contentTypeChoosesTheKeys()
     {
-        QFETCH(M::TextContentType, type);
-        QFETCH(Qt::InputMethodHints, with);
-        QFETCH(Qt::InputMethodHints, without);
         Stage stage;
         MTextEdit *edit = editOn(stage, MTextEditModel::SingleLine);
         edit->setFocus();
-        edit->setContentType(type);
-        QInputMethodQueryEvent query(Qt::ImEnabled | Qt::ImHints);
-        QCoreApplication::sendEvent(&stage.window, &query);
-        QVERIFY(query.value(Qt::ImEnabled).toBool());
-        const Qt::InputMethodHints hints(query.value(Qt::ImHints).toInt());
-        QCOMPARE(hints & with, with);
-        QVERIFY(!(hints & without));
-        QTest::keyClicks(&stage.window, QStringLiteral("x 1"));
-        QCOMPARE(edit->text(), QStringLiteral("x 1"));
+        const auto hints = [&](M::TextContentType type) {
+            edit->setContentType(type);
+            QInputMethodQueryEvent query(Qt::ImEnabled | Qt::ImHints);
+            QCoreApplication::sendEvent(&stage.window, &query);
+            return query.value(Qt::ImEnabled).toBool() ? query.value(Qt::ImHints).toInt() : -1;
+        };
+        const int typed = Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
+        QCOMPARE(hints(M::FreeTextContentType) & typed, 0);
+        const int address = typed | Qt::ImhEmailCharactersOnly;
+        QCOMPARE(hints(M::EmailContentType) & address, address);
+        QTest::keyClicks(&stage.window, "x 1"_s);
+        QCOMPARE(edit->text(), "x 1"_s);
     }
 
-    void asksForTheSoftwareKeyboard_data() { addLineModes(); }
-    void asksForTheSoftwareKeyboard()
-    {
-        QFETCH(MTextEditModel::LineMode, mode);
-        Stage stage;
-        MTextEdit *edit = editOn(stage, mode);
-        SoftwareKeyboard keyboard;
-        const QPointF inEdit = edit->sceneBoundingRect().center();
-        stage.finger.tap(inEdit);
-        QVERIFY(keyboard.isInputPanelVisible());
-        MInputMethodState::closeSoftwareInputPanel();
-        QVERIFY(!keyboard.isInputPanelVisible());
-        QVERIFY(edit->hasFocus());
-        stage.finger.tap(inEdit);
-        QVERIFY(keyboard.isInputPanelVisible());
-    }
-
-    void takesWhatAnInputMethodWrites_data() { addLineModes(); }
-    void takesWhatAnInputMethodWrites()
-    {
-        QFETCH(MTextEditModel::LineMode, mode);
-        Stage stage;
-        MTextEdit *edit = editOn(stage, mode);
-        edit->setFocus();
-        QInputMethodEvent event(QStringLiteral("preedit"), {});
-        event.setCommitString(QStringLiteral("\u4f60\u597d "));
-        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
-        QCOMPARE(edit->text(), QStringLiteral("\u4f60\u597d "));
-    }
-
-    void aFingerPansAMouseSelects_data() { addFingerKinds(); }
     void hiddenKeepsNoFocus()
     {
         Stage stage;
@@ -188,15 +144,16 @@ private slots:
         QVERIFY(!stage.window.scene()->focusItem());
     }
 
+    void aFingerPansAMouseSelects_data() { addFingerKinds(); }
     void aFingerPansAMouseSelects()
     {
         QFETCH(Finger::Kind, kind);
         Stage stage(kind);
-        MTextEdit *edit = editOn(stage, MTextEditModel::MultiLine, QStringLiteral("0\n").repeated(100));
+        MTextEdit *edit = editOn(stage, MTextEditModel::MultiLine, "0\n"_s.repeated(100));
         const QPointF firstLine(300, 322);
         stage.finger.tap(firstLine);
-        QTest::keyClicks(&stage.window, QStringLiteral("y"));
-        QVERIFY(edit->text().startsWith(QLatin1String("0y\n")));
+        QTest::keyClicks(&stage.window, "y"_s);
+        QVERIFY(edit->text().startsWith("0y\n"_s));
 
         const QImage top = stage.picture(edit);
         stage.dragSlowly(QPointF(100, 560), QPointF(100, 360));
@@ -205,20 +162,16 @@ private slots:
         QTest::keyClick(&stage.window, Qt::Key_Delete);
         // What goes is the break at the cursor, which the finger has left alone, or what the mouse has selected.
         if (kind == Finger::Touch)
-            QVERIFY(edit->text().startsWith(QLatin1String("0y0\n")));
+            QVERIFY(edit->text().startsWith("0y0\n"_s));
         else
             QVERIFY(edit->text().count(QLatin1Char('\n')) < 98);
     }
 
     void menuSpeaksTheLanguage_data()
     {
-        QTest::addColumn<MTextEditModel::LineMode>("mode");
-        QTest::addColumn<QLocale::Language>("language");
-        QTest::addColumn<QStringList>("rows");
-        QTest::newRow("line") << MTextEditModel::SingleLine << QLocale::German
-                              << QStringList{QStringLiteral("Einfügen"), QStringLiteral("Alles auswählen")};
-        QTest::newRow("area") << MTextEditModel::MultiLine << QLocale::French
-                              << QStringList{QStringLiteral("Coller"), QStringLiteral("Tout sélectionner")};
+        const Table<MTextEditModel::LineMode, QLocale::Language, QStringList> row("mode", "language", "rows");
+        row("line", MTextEditModel::SingleLine, QLocale::German, {"Einfügen"_s, "Alles auswählen"_s});
+        row("area", MTextEditModel::MultiLine, QLocale::French, {"Coller"_s, "Tout sélectionner"_s});
     }
     void menuSpeaksTheLanguage()
     {
@@ -226,8 +179,8 @@ private slots:
         QFETCH(QLocale::Language, language);
         QLocale::setDefault(language);
         Stage stage;
-        MTextEdit *edit = editOn(stage, mode, QStringLiteral("words"));
-        QGuiApplication::clipboard()->setText(QStringLiteral("other "));
+        MTextEdit *edit = editOn(stage, mode, "words"_s);
+        QGuiApplication::clipboard()->setText("other "_s);
         stage.finger.tap(edit->sceneBoundingRect().topLeft() + QPointF(8, 20));
         const QPoint place = stage.window.mapFromScene(edit->sceneBoundingRect().center());
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, stage.window.mapToGlobal(place));
@@ -239,7 +192,7 @@ private slots:
             rows << list->itemModel()->index(row, 0).data().toString();
         QTEST(rows, "rows");
         list->pick(0);
-        QCOMPARE(edit->text(), QStringLiteral("other words"));
+        QCOMPARE(edit->text(), "other words"_s);
         QVERIFY(edit->hasFocus());
         QTRY_VERIFY(!list);
     }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "servicetest.h"
+#include "runningservice.h"
+#include "visitor.h"
 
-#include <QRegularExpression>
+#include <memory>
+
+using L1 = QLatin1String;
 
 namespace {
 
@@ -9,6 +12,10 @@ const char *const variableNames[]
     = {"sUserUid",  "iInboxMessages", "iGamesMessages", "iFriendsMessages", "iGameId",
        "sSubject",  "bIsFriend",      "bShowAdd",       "bShowEvaluate",    "iUserId",
        "sUserName", "sTitle",         "strUserName",    "strPassword",      "blnRememberMe"};
+
+const L1 messagePath("/vantu/messages/send-message/android_uid/7u102");
+const L1 trophyPath("/vantu/index/add-trophy7/android_uid/u101/kvb_game/7");
+const L1 invitePath("/vantu/games/recommend-via-mail/id/7/android_uid/u101");
 
 // A file that lies beside this one.
 QByteArray contents(const char *name)
@@ -26,28 +33,34 @@ QString words(const Visitor &visitor)
 
 } // namespace
 
-/// The pages as a player meets them in the companion's web engine, and the variables that the companion fetches.
-class ServicePages : public ServiceTest {
+/// The pages as a player meets them in the companion's web engine, the variables that the companion fetches, and what
+/// it posts by itself. Each test function has a service of its own, its rows share it, and emma is signed in anew for
+/// each of them. The service complains of nothing.
+class ServicePages : public QObject {
     Q_OBJECT
 
 private slots:
+    void init()
+    {
+        if (m_function != QTest::currentTestFunction()) {
+            m_function = QTest::currentTestFunction();
+            m_service = std::make_unique<RunningService>();
+        }
+        m_emma = std::make_unique<Visitor>(m_service->root());
+        QVERIFY(m_emma->start(L1("EN"), L1("emma"), L1("emma123")));
+    }
+    void cleanup() { QCOMPARE(m_service->errors(), QString()); }
+
     void startUrl_data()
     {
-        QTest::addColumn<QString>("login");
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<QString>("remember");
-        QTest::addColumn<QString>("player");
-
-        const auto row = [](const char *login, const char *password, const char *remember, const char *player) {
-            QTest::addRow("%s %s %s", login, password, remember) << login << password << remember << player;
-        };
-        row("", "", "0", "");
-        row("luca", "luca123", "1", "u102");
-        row("LUCA", "luca123", "1", "u102");
-        row("luca", "luca123", "0", "");
-        row("luca", "emma123", "1", "");
-        row("luca", "", "1", "");
-        row("luca' or 1=1 --", "luca123", "1", "");
+        const Table<QString, QString, QString, QString> row("login", "password", "remember", "player");
+        row("nobody", {}, {}, L1("0"), {});
+        row("luca", L1("luca"), L1("luca123"), L1("1"), L1("u102"));
+        row("capitals", L1("LUCA"), L1("luca123"), L1("1"), L1("u102"));
+        row("not to be remembered", L1("luca"), L1("luca123"), L1("0"), {});
+        row("another's password", L1("luca"), L1("emma123"), L1("1"), {});
+        row("no password", L1("luca"), {}, L1("1"), {});
+        row("quotes", L1("luca' or 1=1 --"), L1("luca123"), L1("1"), {});
     }
     void startUrl()
     {
@@ -103,12 +116,12 @@ private slots:
 
     void everyPageInEveryLanguage_data()
     {
-        QTest::addColumn<QString>("error");
-        QTest::newRow("EN") << "An error has occurred inside the application";
-        QTest::newRow("FR") << "Une erreur est survenue dans l'application";
-        QTest::newRow("DE") << "In der Anwendung ist ein Fehler aufgetreten";
-        QTest::newRow("IT") << "Si è verificato un errore nell'applicazione";
-        QTest::newRow("SP") << "Ha ocurrido un error en la aplicación";
+        const Table<QString> row("error");
+        row("EN", "An error has occurred inside the application"_s);
+        row("FR", "Une erreur est survenue dans l'application"_s);
+        row("DE", "In der Anwendung ist ein Fehler aufgetreten"_s);
+        row("IT", "Si è verificato un errore nell'applicazione"_s);
+        row("SP", "Ha ocurrido un error en la aplicación"_s);
     }
     void everyPageInEveryLanguage()
     {
@@ -144,10 +157,10 @@ private slots:
     // What emma reads in the world as it begins: pages.txt holds address and text of each page.
     void everyPageSaysWhatIsSo_data()
     {
-        QTest::addColumn<QString>("said");
+        const Table<QString> row("said");
         const QString pages = QString::fromUtf8(contents("pages.txt"));
         for (const QString &page : pages.trimmed().split(L1("\n\n")))
-            QTest::newRow(qPrintable(page.section(QLatin1Char('\n'), 0, 0))) << page.section(QLatin1Char('\n'), 1);
+            row(qPrintable(page.section(QLatin1Char('\n'), 0, 0)), page.section(QLatin1Char('\n'), 1));
     }
     void everyPageSaysWhatIsSo()
     {
@@ -157,43 +170,31 @@ private slots:
 
     void variablesTellWhatIsShown_data()
     {
-        QTest::addColumn<QString>("user");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("flags");
-        QTest::addColumn<QString>("game");
-        QTest::addColumn<QString>("subject");
-
-        const auto row = [](const char *path, const char *user, const char *name, const char *flags, const char *game,
-                            const char *subject) { QTest::newRow(path) << user << name << flags << game << subject; };
-        const char *const torvane = "Play Torvane with me";
-        row("/vantu/", "", "", "000", "7", torvane);
-        row("/vantu/account/index/uid/u103", "u103", "Marie Lefèvre", "101", "7", torvane);
-        row("/vantu/account/index/uid/u108", "u108", "Mateusz Kowalski", "010", "7", torvane);
-        row("/vantu/account/index/uid/u101", "u101", "Emma Lindqvist", "000", "7", torvane);
-        row("/vantu/games/show-game/gid/11", "", "", "000", "11", "Play Night Tram with me");
-        row("/vantu/games/recommend-via-mail/id/3", "", "", "000", "3", "Play Kite Harbour with me");
-        row("/vantu/games/signal-twitter-send/gid/15", "", "", "000", "15", "Play Deep Lantern with me");
+        const Table<QString> row("told");
+        row("/vantu/", ",,0,0,0,7,Play Torvane with me"_s);
+        row("/vantu/account/index/uid/u103", "u103,Marie Lefèvre,1,0,1,7,Play Torvane with me"_s);
+        row("/vantu/account/index/uid/u108", "u108,Mateusz Kowalski,0,1,0,7,Play Torvane with me"_s);
+        row("/vantu/account/index/uid/u101", "u101,Emma Lindqvist,0,0,0,7,Play Torvane with me"_s);
+        row("/vantu/games/show-game/gid/11", ",,0,0,0,11,Play Night Tram with me"_s);
+        row("/vantu/games/recommend-via-mail/id/3", ",,0,0,0,3,Play Kite Harbour with me"_s);
+        row("/vantu/games/signal-twitter-send/gid/15", ",,0,0,0,15,Play Deep Lantern with me"_s);
     }
     void variablesTellWhatIsShown()
     {
         QVERIFY(m_emma->open(L1(QTest::currentDataTag())));
-        QTEST(m_emma->variable(L1("iUserId")), "user");
-        QTEST(m_emma->variable(L1("sUserName")), "name");
-        QTEST(QString(m_emma->variable(L1("bIsFriend")) + m_emma->variable(L1("bShowAdd"))
-                      + m_emma->variable(L1("bShowEvaluate"))),
-              "flags");
-        QTEST(m_emma->variable(L1("iGameId")), "game");
-        QTEST(m_emma->variable(L1("sSubject")), "subject");
+        QStringList told;
+        for (const char *name :
+             {"iUserId", "sUserName", "bIsFriend", "bShowAdd", "bShowEvaluate", "iGameId", "sSubject"})
+            told << m_emma->variable(L1(name));
+        QTEST(told.join(QLatin1Char(',')), "told");
     }
 
     void badgesFallAsThingsAreSeen()
     {
         QCOMPARE(m_emma->variable(L1("iInboxMessages")), L1("3"));
         QCOMPARE(m_emma->variable(L1("iFriendsMessages")), L1("1"));
-        QVERIFY(m_emma->open(L1("/vantu/messages/index")));
-        QCOMPARE(m_emma->variable(L1("iInboxMessages")), L1("3"));
-        QVERIFY(m_emma->open(L1("/vantu/messages/index/uid/u102")));
-        QCOMPARE(m_emma->variable(L1("iInboxMessages")), L1("2"));
+        QCOMPARE(m_emma->variable(L1("iInboxMessages"), L1("/vantu/messages/index")), L1("3"));
+        QCOMPARE(m_emma->variable(L1("iInboxMessages"), L1("/vantu/messages/index/uid/u102")), L1("2"));
         QVERIFY(m_emma->open(L1("/vantu/friends/?select=yes")));
         QVERIFY(m_emma->text().startsWith(L1("CHOOSE A FRIEND")));
         QCOMPARE(m_emma->variable(L1("iFriendsMessages")), L1("0"));
@@ -207,7 +208,7 @@ private slots:
     {
         QVERIFY(m_emma->submit(L1("/vantu/friends/add-friends/"), "q=MATEUSZ"));
         QCOMPARE(m_emma->path(), L1("/vantu/friends/add-friends/?found=1"));
-        QCOMPARE(words(*m_emma), QString::fromUtf8("Search FOUND MK Mateusz Kowalski Łódź Add Invitations"));
+        QCOMPARE(words(*m_emma), "Search FOUND MK Mateusz Kowalski Łódź Add Invitations"_s);
         QCOMPARE(m_emma->evaluate(L1("document.querySelector('input').value")).toString(), L1("MATEUSZ"));
         QVERIFY(m_emma->submit(L1("/vantu/friends/add-friends/"), "q=_"));
         QCOMPARE(words(*m_emma), L1("Search Nobody of that name. Invitations"));
@@ -224,8 +225,7 @@ private slots:
         QCOMPARE(mateusz.path(), L1("/vantu/friends?iDelete=1"));
         QVERIFY(mateusz.holds(L1("Emma Lindqvist is no longer on your list.")));
         QVERIFY(!mateusz.text().contains(L1("EL")));
-        QVERIFY(m_emma->open(L1("/vantu/account/index/uid/u108")));
-        QCOMPARE(m_emma->variable(L1("bShowAdd")), L1("1"));
+        QCOMPARE(m_emma->variable(L1("bShowAdd"), L1("/vantu/account/index/uid/u108")), L1("1"));
         QVERIFY(m_emma->open(L1("/vantu/account/add-friend/uid/u101")));
         QCOMPARE(m_emma->path(), L1("/vantu/account/index/uid/u101"));
     }
@@ -258,32 +258,28 @@ private slots:
 
     void refusals_data()
     {
-        QTest::addColumn<QString>("sentence");
-        const char *const missing = "There is no such page.";
-        const char *const bad = "something in the request is not right";
-        QTest::newRow("/vantu/account/index/uid/u999") << missing;
-        QTest::newRow("/vantu/friends/delete-friend/uid/u112") << bad;
-        QTest::newRow("/vantu/friends/evaluate/fid/u112/value/1") << bad;
-        QTest::newRow("/vantu/friends/evaluate/fid/u102/value/2") << bad;
-        QTest::newRow("/vantu/friends/index/page/0") << missing;
-        QTest::newRow("/vantu/friends/index/page/999999999999") << missing;
-        QTest::newRow("/vantu/games/show-game/gid/7x") << missing;
-        QTest::newRow("/vantu/messages/send-message/android_uid/7u101") << missing;
-        QTest::newRow("/vantu/slow?ms=long") << bad;
-        QTest::newRow("/vantu/slow?ms=10001") << bad;
-        QTest::newRow("/vantu/games/show-game/gid/1234567890") << missing;
+        const Table<QByteArray> row("paths");
+        row("There is no such page.",
+            "/vantu/account/index/uid/u999 /vantu/friends/index/page/0 /vantu/friends/index/page/999999999999 "
+            "/vantu/games/show-game/gid/7x /vantu/games/show-game/gid/1234567890 "
+            "/vantu/messages/send-message/android_uid/7u101");
+        row("something in the request is not right",
+            "/vantu/friends/delete-friend/uid/u112 /vantu/friends/evaluate/fid/u112/value/1 "
+            "/vantu/friends/evaluate/fid/u102/value/2 /vantu/slow?ms=long /vantu/slow?ms=10001");
     }
     void refusals()
     {
-        QFETCH(QString, sentence);
-        m_emma->open(L1(QTest::currentDataTag()));
-        QVERIFY2(m_emma->holds(sentence), qPrintable(m_emma->text()));
-        QCOMPARE(m_emma->variable(L1("sUserUid")), L1("u101"));
+        QFETCH(QByteArray, paths);
+        for (const QByteArray &path : paths.split(' ')) {
+            m_emma->open(L1(path));
+            QVERIFY2(m_emma->holds(L1(QTest::currentDataTag())), path + qPrintable(m_emma->text()));
+            QCOMPARE(m_emma->variable(L1("sUserUid")), L1("u101"));
+        }
     }
 
     void accountIsEdited()
     {
-        const QString name = QStringLiteral("</script><b>\"É'\\{{sTitle}}");
+        const QString name = "</script><b>\"É'\\{{sTitle}}"_s;
         QVERIFY(m_emma->submit(L1("/vantu/account/edit"),
                                "name=" + QUrl::toPercentEncoding(name) + "&city=%26amp%3B&motto=%22%3E%3Cimg%3E"));
         QCOMPARE(m_emma->path(), L1("/vantu/account"));
@@ -300,12 +296,12 @@ private slots:
 
     void accountRefusesWhatDoesNotFitAndKeepsIt_data()
     {
-        QTest::addColumn<QByteArray>("form");
-        QTest::newRow("no name") << QByteArray("name=&motto=typed");
-        QTest::newRow("a long name") << "motto=typed&name=" + QByteArray("%C3%A9").repeated(41);
-        QTest::newRow("a long town") << "motto=typed&name=a&city=" + QByteArray(101, 'b');
-        QTest::newRow("two lines") << QByteArray("motto=typed&name=a%0Ab");
-        QTest::newRow("not UTF-8") << QByteArray("motto=typed&name=%FF");
+        const Table<QByteArray> row("form");
+        row("no name", "name=&motto=typed");
+        row("a long name", "motto=typed&name=" + QByteArray("%C3%A9").repeated(41));
+        row("a long town", "motto=typed&name=a&city=" + QByteArray(101, 'b'));
+        row("two lines", "motto=typed&name=a%0Ab");
+        row("not UTF-8", "motto=typed&name=%FF");
     }
     void accountRefusesWhatDoesNotFitAndKeepsIt()
     {
@@ -318,6 +314,92 @@ private slots:
     }
 
     void brokenPageDoesNotArrive() { QVERIFY(!m_emma->open(L1("/vantu/broken"))); }
+
+    void answersByWhatIsPosted_data()
+    {
+        const Table<QString, QByteArray, int> row("path", "body", "status");
+        const QString message = messagePath;
+        const QString send = "/vantu/messages/send-message/android_uid/"_s;
+        row("message", message, "user_id[]=u101&message=Hi", 200);
+        row("message of a game with two digits", send + L1("12u102"), "user_id[]=u101&message=Hi", 200);
+        row("no recipient", message, "message=Hi", 400);
+        row("one recipient unknown", message, "user_id[]=u101&user_id[]=u999&message=Hi", 400);
+        row("not UTF-8", message, "user_id[]=u101&message=%C3%28", 400);
+        row("a NUL", message, "user_id[]=u101&message=a%00b", 400);
+        row("nothing", message, "", 400);
+        row("unknown sender", send + L1("7u999"), "user_id[]=u101&message=Hi", 404);
+        row("unknown game", send + L1("99u102"), "user_id[]=u101&message=Hi", 404);
+        row("no sender", send + L1("7"), "user_id[]=u101&message=Hi", 404);
+
+        const QString invite = invitePath;
+        row("invitation", invite, "name[]=a&email[]=a&name[]=b&email[]=b", 200);
+        row("invitation to no game", L1("/vantu/games/recommend-via-mail/id//android_uid/u101"), "name[]=a&email[]=a",
+            200);
+        row("nobody invited", invite, "", 400);
+        row("an address without its name", invite, "name[]=a&email[]=a&email[]=b", 400);
+
+        const QString trophy = trophyPath;
+        row("trophies", trophy, "trophy_id[]=0&trophy_id[]=63", 200);
+        row("trophies before any page named a game", L1("/vantu/index/add-trophy/android_uid/u101/kvb_game/7"),
+            "trophy_id[]=0", 200);
+        row("a trophy beyond the mask", trophy, "trophy_id[]=64", 400);
+        row("a trophy that is no number", trophy, "trophy_id[]=first", 400);
+        row("trophies of an unknown game", L1("/vantu/index/add-trophy7/android_uid/u101/kvb_game/0"), "", 404);
+        row("elsewhere", L1("/vantu/friends/post"), "a=b", 404);
+        row("too much", message, "user_id[]=u101&message=" + QByteArray(1100000, 'x'), 413);
+    }
+    void answersByWhatIsPosted()
+    {
+        QFETCH(QString, path);
+        QFETCH(QByteArray, body);
+        QFETCH(int, status);
+        const int before = m_emma->variable(L1("iInboxMessages")).toInt();
+        QCOMPARE(m_service->post(path, body), status);
+        const bool isForEmma = path.contains(L1("send-message")) && status == 200 && body.contains("u101");
+        QCOMPARE(m_emma->variable(L1("iInboxMessages"), L1("/vantu/messages/index")).toInt(),
+                 before + (isForEmma ? 1 : 0));
+    }
+
+    void messageArrivesUnchanged_data()
+    {
+        const Table<QByteArray, QByteArray, QString> row("body", "type", "text");
+        const QByteArray form("application/x-www-form-urlencoded");
+        const QString odd = "a&b=c+d%e \"é\" <b>ß</b> 😀 'x' {{NAME}}"_s;
+        const QByteArray encoded = QUrl::toPercentEncoding(odd);
+        row("bare brackets", "user_id[]=u101&message=" + encoded, form, odd);
+        row("encoded brackets", "user_id%5b%5D=u101&message=" + encoded, form + "; charset=UTF-8", odd);
+        row("another content type", "user_id[]=u101&message=" + encoded, "text/plain", odd);
+        row("lines", "user_id[]=u101&message=one+1%0D%0Atwo%0Athree", form, "one 1\ntwo\nthree"_s);
+        row("stray percent signs", "user_id[]=u101&message=100%&x=%4", form, "100%"_s);
+    }
+    void messageArrivesUnchanged()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, type);
+        QFETCH(QString, text);
+        QCOMPARE(m_service->post(messagePath, body, type), 200);
+        QVERIFY(m_emma->open(L1("/vantu/messages/index/uid/u102")));
+        QCOMPARE(
+            m_emma->evaluate(L1("document.querySelector('.bubble').firstChild.data.replace(/\\r/g, '')")).toString(),
+            text);
+    }
+
+    void wonTrophiesAreNewUntilLookedAt()
+    {
+        QCOMPARE(m_service->post(trophyPath, "trophy_id[]=0&trophy_id%5B%5D=5&trophy_id[]=63&trophy_id[]=33"), 200);
+        QCOMPARE(m_emma->variable(L1("iGamesMessages"), L1("/vantu/")), L1("3"));
+        QVERIFY(m_emma->open(L1("/vantu/games/trophies/gid/7")));
+        QCOMPARE(m_emma->evaluate(L1("document.querySelectorAll('.row:not(.open)').length")).toInt(), 4);
+        QCOMPARE(m_emma->variable(L1("iGamesMessages")), L1("0"));
+        // The next run of the companion tells of them again.
+        QCOMPARE(m_service->post(trophyPath, "trophy_id[]=0&trophy_id[]=63"), 200);
+        QCOMPARE(m_emma->variable(L1("iGamesMessages"), L1("/vantu/games")), L1("0"));
+    }
+
+private:
+    std::unique_ptr<RunningService> m_service;
+    std::unique_ptr<Visitor> m_emma;
+    QByteArray m_function;
 };
 
 QTEST_MAIN(ServicePages)

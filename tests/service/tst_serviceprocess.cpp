@@ -3,11 +3,8 @@
 #include "visitor.h"
 
 #include <memory>
-#include <QElapsedTimer>
 #include <QNetworkReply>
 #include <QTcpSocket>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <signal.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sys/resource.h>
@@ -23,25 +20,19 @@ class ServiceProcess : public QObject {
 private slots:
     void refusesBadOptions_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("complaint");
-
-        const auto row = [](const QString &arguments, const char *complaint) {
-            QTest::newRow(qPrintable(arguments)) << arguments.split(QLatin1Char(' ')) << complaint;
-        };
-        row(L1("--host 0.0.0.0"), "--public");
-        row(L1("--host 128.0.0.1"), "--public");
-        row(L1("--port 65536"), "not in range");
-        row(L1("--time-limit 0"), "not in range");
-        row(L1("--frobnicate"), "--help");
-        row(L1("--database "), "file name");
-        row(L1("--database /nowhere/vantu.db"), "unable to open");
+        const Table<QString> row("complaint");
+        row("--host 0.0.0.0", "--public"_s);
+        row("--host 128.0.0.1", "--public"_s);
+        row("--port 65536", "not in range"_s);
+        row("--time-limit 0", "not in range"_s);
+        row("--frobnicate", "--help"_s);
+        row("--database ", "file name"_s);
+        row("--database /nowhere/vantu.db", "unable to open"_s);
     }
     void refusesBadOptions()
     {
-        QFETCH(QStringList, arguments);
         QFETCH(QString, complaint);
-        RunningService service(arguments);
+        RunningService service(QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' ')));
         QCOMPARE(service.exitStatus(), 1);
         const QString errors = service.errors();
         QVERIFY2(errors.contains(complaint), qPrintable(errors));
@@ -55,13 +46,7 @@ private slots:
         QVERIFY(second.errors().contains(L1("in use")));
     }
 
-    void endsCleanly_data()
-    {
-        QTest::addColumn<int>("signal");
-        QTest::newRow("SIGTERM") << SIGTERM;
-        QTest::newRow("SIGINT") << SIGINT;
-        QTest::newRow("SIGHUP") << SIGHUP;
-    }
+    void endsCleanly_data() { addEndSignals(); }
     void endsCleanly()
     {
         QFETCH(int, signal);
@@ -161,11 +146,7 @@ private slots:
 
     void answersByTheRequest_data()
     {
-        QTest::addColumn<QByteArray>("request");
-        QTest::addColumn<QByteArray>("status");
-        const auto row = [](const char *name, const QByteArray &request, const char *status) {
-            QTest::newRow(name) << request << QByteArray(status);
-        };
+        const Table<QByteArray, QByteArray> row("request", "status");
         const QByteArray message = "POST /vantu/messages/send-message/android_uid/7u102 HTTP/1.1\r\nHost: here:1\r\n";
         const QByteArray body = "Content-Length: 25\r\n\r\nuser_id[]=u101&message=Hi";
         row("no origin", message + body, "200");
@@ -238,8 +219,7 @@ private slots:
         };
         const double known = spent("emma");
         const double unknown = spent("nobody");
-        QVERIFY2(unknown > known / 2 && known > unknown / 2,
-                 qPrintable(QStringLiteral("%1 %2").arg(known).arg(unknown)));
+        QVERIFY2(unknown > known / 2 && known > unknown / 2, qPrintable("%1 %2"_s.arg(known).arg(unknown)));
     }
 
     void logsRequestsWithoutPasswords()
@@ -262,9 +242,8 @@ private slots:
         QVERIFY(log.contains(L1("POST /vantu/login 303 password=\"***\" username=\"emma\"")));
         QVERIFY(log.contains(L1("GET /vantu/?lg=pass&x=shown 200\n")));
         QVERIFY2(log.contains(L1("GET /vantu/\\x1b[1m\\xff 404\n")), qPrintable(log));
-        QVERIFY(
-            log.endsWith(QStringLiteral("POST /vantu/messages/send-message/android_uid/7u102 200 user_id[]=\"u101\" "
-                                        "message=\"a\\nb\\\"\\x1bé\\xc2\\x9b\\xe2\\x80\\xae\"")));
+        QVERIFY(log.endsWith("POST /vantu/messages/send-message/android_uid/7u102 200 user_id[]=\"u101\" "
+                             "message=\"a\\nb\\\"\\x1bé\\xc2\\x9b\\xe2\\x80\\xae\""_s));
     }
 };
 

@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "addresswidget.h"
-#include "globaldefine.h"
-
-#include "mapplication.h"
-#include "mapplicationpage.h"
-#include "mapplicationwindow.h"
-#include "mtextedit.h"
-
-#include <QGraphicsScene>
-#include <QPointer>
-#include <QtTest>
+#include "portal.h"
+#include "stage.h"
 
 #include <functional>
 
@@ -29,28 +20,22 @@ class tst_AddressWidget : public QObject {
 private slots:
     void init()
     {
-        m_window.reset(new MApplicationWindow);
-        m_page.reset(new MApplicationPage);
-        m_page->appear(m_window.data());
+        m_stage = std::make_unique<Stage>();
         m_panel = new AddressWidget;
-        m_panel->setParentItem(m_page->centralWidget());
+        m_panel->setParentItem(m_stage->page.centralWidget());
         m_panel->setGeometry(panelPlace);
         m_panel->show(AddressWidget::EMAIL);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
     }
 
     void cleanup()
     {
-        m_page.reset();
-        m_window.reset();
+        m_stage.reset();
         g_languageIdx = 0;
     }
 
     void addressesAreKeptAsTyped()
     {
-        const QStringList addresses = {QStringLiteral("b@x.org"), QStringLiteral(" a b "), QStringLiteral("b@x.org"),
-                                       QStringLiteral("&\u00E9%")};
+        const QStringList addresses = {"b@x.org"_s, " a b "_s, "b@x.org"_s, "&\u00E9%"_s};
         for (const QString &address : addresses)
             m_panel->addNewAddress(address);
         QCOMPARE(m_panel->getAllAddress(), addresses);
@@ -66,11 +51,11 @@ private slots:
     void usersAreKnownByNameAndComeAsIds()
     {
         m_panel->show(AddressWidget::MESSAGE);
-        m_panel->addNewUIDAddress(QStringLiteral("bob"), QStringLiteral("9"));
-        m_panel->addNewUIDAddress(QStringLiteral("bob"), QStringLiteral("8"));
-        m_panel->addNewAddress(QStringLiteral("typed@x.org"));
-        m_panel->addNewUIDAddress(QStringLiteral("Bob"), QStringLiteral("9"));
-        QCOMPARE(m_panel->getAllAddress(), QStringList({QStringLiteral("9"), QStringLiteral("9")}));
+        m_panel->addNewUIDAddress("bob"_s, "9"_s);
+        m_panel->addNewUIDAddress("bob"_s, "8"_s);
+        m_panel->addNewAddress("typed@x.org"_s);
+        m_panel->addNewUIDAddress("Bob"_s, "9"_s);
+        QCOMPARE(m_panel->getAllAddress(), QStringList({"9"_s, "9"_s}));
         QCOMPARE(m_panel->getRecipientsCount(), 3);
     }
 
@@ -78,15 +63,15 @@ private slots:
     {
         m_panel->addNewAddress(QString());
         m_panel->on_dlgInputNameClosed(QString());
-        m_panel->addNewUIDAddress(QStringLiteral("bob"), QString());
-        m_panel->addNewUIDAddress(QString(), QStringLiteral("7"));
+        m_panel->addNewUIDAddress("bob"_s, QString());
+        m_panel->addNewUIDAddress(QString(), "7"_s);
         QCOMPARE(m_panel->getRecipientsCount(), 0);
     }
 
     void buttonSizeFollowsTheText()
     {
-        m_panel->addNewAddress(QStringLiteral("12345"));
-        m_panel->addNewUIDAddress(QStringLiteral("al"), QStringLiteral("7"));
+        m_panel->addNewAddress("12345"_s);
+        m_panel->addNewUIDAddress("al"_s, "7"_s);
         QCoreApplication::processEvents();
         QCOMPARE(recipients().at(0)->size(), QSizeF(110, 40));
         QCOMPARE(recipients().at(1)->size(), QSizeF(56, 40));
@@ -98,7 +83,7 @@ private slots:
     void longAddressKeepsToThePanel()
     {
         m_panel->addNewAddress(QString(1000, QLatin1Char('m')));
-        m_panel->addNewAddress(QStringLiteral("next"));
+        m_panel->addNewAddress("next"_s);
         QCoreApplication::processEvents();
         QCOMPARE(recipients().at(0)->size(), QSizeF(440, 40)); // up to where the add button ends
         QCOMPARE(recipients().at(1)->pos(), QPointF(0, 90));
@@ -109,11 +94,11 @@ private slots:
     {
         m_panel->show(AddressWidget::MESSAGE);
         for (int i = 0; i < 500; ++i)
-            m_panel->addNewUIDAddress(QStringLiteral("friend %1").arg(i), QString::number(i));
+            m_panel->addNewUIDAddress("friend %1"_s.arg(i), QString::number(i));
         QVERIFY(panelPlace.contains(recipients().last()->sceneBoundingRect()));
         tap(recipients().last());
         QCOMPARE(m_panel->getRecipientsCount(), 499);
-        QCOMPARE(m_panel->getAllAddress().last(), QStringLiteral("498"));
+        QCOMPARE(m_panel->getAllAddress().last(), "498"_s);
     }
 
     void tapRemovesTheRecipient()
@@ -126,7 +111,7 @@ private slots:
         connect(doomed, &MButton::clicked, this, [&] { countAtOnce = m_panel->getRecipientsCount(); });
         tap(doomed);
         QCOMPARE(countAtOnce, 2);
-        QCOMPARE(m_panel->getAllAddress(), QStringList({QStringLiteral("first"), QStringLiteral("third")}));
+        QCOMPARE(m_panel->getAllAddress(), QStringList({"first"_s, "third"_s}));
         QTRY_VERIFY(!doomed);
         // The next one takes its place.
         QCOMPARE(recipients().at(1)->pos(), QPointF(120, 40));
@@ -134,25 +119,17 @@ private slots:
 
     void dialogAddsWhatWasTyped_data()
     {
-        QTest::addColumn<End>("end");
-        QTest::addColumn<QStringList>("added");
-        const auto row = [](const char *name, const End &end, bool adds) {
-            QTest::newRow(name) << end << (adds ? QStringList(QStringLiteral("ann@example.org")) : QStringList());
+        const Table<End, QStringList> row("end", "added");
+        const auto key = [this](Qt::Key key) -> End {
+            return [this, key](InputDialog &) { QTest::keyClick(m_stage->window.viewport(), key); };
         };
-        const auto key = [this](Qt::Key key) {
-            return [this, key](InputDialog &) { QTest::keyClick(m_window->viewport(), key); };
-        };
-        row("Return", key(Qt::Key_Return), true);
+        const End dismiss = [](InputDialog &dialog) { dialog.dismiss(); };
+        const End tapBeside = [this](InputDialog &) { tap({20, 20}); };
+        row("Return", key(Qt::Key_Return), {"ann@example.org"_s});
         // Unless the player does not want it: what was typed is not lost.
-        row(
-            "dismissed", [](InputDialog &dialog) { dialog.dismiss(); }, true);
-        row("Escape", key(Qt::Key_Escape), false);
-        row(
-            "tap beside it",
-            [this](InputDialog &) {
-                tap({20, 20});
-            },
-            false);
+        row("dismissed", dismiss, {"ann@example.org"_s});
+        row("Escape", key(Qt::Key_Escape), {});
+        row("tap beside it", tapBeside, {});
     }
     void dialogAddsWhatWasTyped()
     {
@@ -160,12 +137,12 @@ private slots:
         g_languageIdx = 2;
         const QPointer<InputDialog> asked(askForAddress());
         QVERIFY(asked);
-        QCOMPARE(asked->title(), QStringLiteral("E-Mail-Adresse"));
+        QCOMPARE(asked->title(), "E-Mail-Adresse"_s);
         const auto *input = qobject_cast<MTextEdit *>(asked->centralWidget());
         QVERIFY(input);
         QCOMPARE(input->contentType(), M::EmailContentType);
 
-        QTest::keyClicks(m_window->viewport(), QStringLiteral("ann@example.org"));
+        QTest::keyClicks(m_stage->window.viewport(), "ann@example.org"_s);
         QCOMPARE(m_panel->getRecipientsCount(), 0);
         end(*asked);
         QTEST(m_panel->getAllAddress(), "added");
@@ -177,17 +154,16 @@ private slots:
         const QPointer<InputDialog> asked(askForAddress());
         delete m_panel;
         QVERIFY(asked);
-        QTest::keyClicks(m_window->viewport(), QStringLiteral("late"));
-        QTest::keyClick(m_window->viewport(), Qt::Key_Return);
+        QTest::keyClicks(m_stage->window.viewport(), "late"_s);
+        QTest::keyClick(m_stage->window.viewport(), Qt::Key_Return);
         QTRY_VERIFY(!asked);
     }
 
     void windowClosesRightAfterTheDialog()
     {
         const QPointer<InputDialog> asked(askForAddress());
-        QTest::keyClick(m_window->viewport(), Qt::Key_Return);
-        m_page.reset();
-        m_window.reset();
+        QTest::keyClick(m_stage->window.viewport(), Qt::Key_Return);
+        m_stage.reset();
         QVERIFY(!asked);
     }
 
@@ -222,7 +198,7 @@ private:
     {
         QCoreApplication::processEvents();
         tap(addButton());
-        const QList<QGraphicsItem *> items = m_window->scene()->items();
+        const QList<QGraphicsItem *> items = m_stage->window.scene()->items();
         for (QGraphicsItem *item : items) {
             auto *dialog = qobject_cast<InputDialog *>(item->toGraphicsObject());
             if (dialog && QTest::qWaitFor([dialog] { return dialog->hasAppeared(); }))
@@ -232,21 +208,11 @@ private:
     }
 
     void tap(QGraphicsWidget *widget) { tap(widget->mapToScene(widget->rect().center())); }
-    void tap(const QPointF &position)
-    {
-        QTest::mouseClick(m_window->viewport(), Qt::LeftButton, {}, m_window->mapFromScene(position));
-    }
+    void tap(const QPointF &position) { m_stage->finger.tap(position); }
 
-    QScopedPointer<MApplicationWindow> m_window;
-    QScopedPointer<MApplicationPage> m_page;
+    std::unique_ptr<Stage> m_stage;
     AddressWidget *m_panel = nullptr;
 };
 
-int main(int argc, char *argv[])
-{
-    MApplication application(argc, argv);
-    tst_AddressWidget test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+PORTAL_TEST_MAIN(tst_AddressWidget)
 #include "tst_addresswidget.moc"

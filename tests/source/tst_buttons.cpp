@@ -2,11 +2,11 @@
 #include "globaldefine.h"
 #include "mybutton.h"
 #include "resmanager.h"
+#include "testing.h"
 
 #include <QGraphicsScene>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
-#include <QtTest>
 
 #include <limits>
 
@@ -62,12 +62,36 @@ bool isCentred(const QRect &inner, const QRect &outer)
 
 } // namespace
 
-/// The header's commands and the footer's tabs, by what they draw.
+/// The compiled-in images, and the header's commands and the footer's tabs by what they draw.
 class tst_Buttons : public QObject {
     Q_OBJECT
 
 private slots:
     void cleanup() { g_languageIdx = 0; }
+
+    void everyIdLeadsToItsFile()
+    {
+        for (int id = 0; id < K_IMAGE_COUNT; ++id) {
+            const QImage *image = ResManager::getInstance()->loadImage(id);
+            QVERIFY(image);
+            QVERIFY2(image->isNull() == (id == LoadingImage), k_imgName[id]);
+            QCOMPARE(ResManager::getInstance()->loadFineImage(id)->size(), 2 * image->size());
+            // Decoded once, or found missing once.
+            QCOMPARE(ResManager::getInstance()->loadImage(id), image);
+        }
+        for (const int id : {-1, K_IMAGE_COUNT, std::numeric_limits<int>::min()})
+            QVERIFY(!ResManager::getInstance()->loadImage(id) && !ResManager::getInstance()->loadFineImage(id));
+        QCOMPARE(QDir(":/button/res"_s).entryList().size(), K_IMAGE_COUNT - 1);
+    }
+
+    void cacheSaysGoodbyeOnceAndComesBack()
+    {
+        ResManager::getInstance()->loadImage(13);
+        QTest::ignoreMessage(QtDebugMsg, "call destructor of resmanager");
+        ResManager::deleteInstance();
+        ResManager::deleteInstance();
+        QVERIFY(!ResManager::getInstance()->loadImage(13)->isNull());
+    }
 
     void commandShowsItsBitmap()
     {
@@ -126,12 +150,11 @@ private slots:
 
     void tabCaption_data()
     {
-        QTest::addColumn<int>("icon");
-        QTest::addColumn<QPoint>("iconPosition");
-        QTest::newRow("friends") << 11 << QPoint(30, 22);
-        QTest::newRow("games") << 12 << QPoint(25, 23);
-        QTest::newRow("home") << 13 << QPoint(30, 20);
-        QTest::newRow("inbox") << 14 << QPoint(29, 24);
+        const Table<int, QPoint> row("icon", "iconPosition");
+        row("friends", 11, {30, 22});
+        row("games", 12, {25, 23});
+        row("home", 13, {30, 20});
+        row("inbox", 14, {29, 24});
     }
     void tabCaption()
     {
@@ -154,9 +177,9 @@ private slots:
 
     void badge_data()
     {
-        QTest::addColumn<int>("number");
+        const Table<int> row("number");
         for (const int number : {1, 12, 123, 1000, -1, std::numeric_limits<int>::min()})
-            QTest::addRow("%d", number) << number;
+            row(qPrintable(QString::number(number)), number);
     }
     void badge()
     {
@@ -178,7 +201,7 @@ private slots:
         font.setPixelSize(14);
         font.setWeight(QFont::Bold);
         const int width = QFontMetrics(font).tightBoundingRect(QString::number(number)).width();
-        QVERIFY2(qAbs(digits.width() - width) <= 3, qPrintable(QStringLiteral("%1 %2").arg(digits.width()).arg(width)));
+        QVERIFY2(qAbs(digits.width() - width) <= 3, qPrintable("%1 %2"_s.arg(digits.width()).arg(width)));
     }
 };
 

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "encode.h"
 #include "loginfile.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
+#include "testing.h"
 
 #include <csignal>
 #include <sys/resource.h>
@@ -28,41 +26,28 @@ QString stored(const QString &path)
     return loadLogin(path).value_or(StoredLogin{}).username;
 }
 
-/// While it lives, this process cannot write a single byte to a file, as on a full disk.
-class FullDisk {
-public:
-    FullDisk()
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_saved);
-        const rlimit none = {0, m_saved.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_saved); }
-    Q_DISABLE_COPY(FullDisk)
+/// While what it returns lives, this process cannot write a single byte to a file, as on a full disk.
+auto fullDisk()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit saved{};
+    getrlimit(RLIMIT_FSIZE, &saved);
+    const rlimit none = {0, saved.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &none);
+    return qScopeGuard([saved] { setrlimit(RLIMIT_FSIZE, &saved); });
+}
 
-private:
-    rlimit m_saved;
-};
-
-/// While it lives, permissions count for this process also where the tests run as root.
-class Unprivileged {
-public:
-    Unprivileged()
-    {
-        if (m_saved == 0 && seteuid(65534) != 0)
-            qFatal("Root's rights cannot be laid down");
-    }
-    ~Unprivileged()
-    {
-        if (seteuid(m_saved) != 0)
+/// While what it returns lives, permissions count for this process also where the tests run as root.
+auto laidDownRights()
+{
+    const uid_t saved = geteuid();
+    if (saved == 0 && seteuid(65534) != 0)
+        qFatal("Root's rights cannot be laid down");
+    return qScopeGuard([saved] {
+        if (seteuid(saved) != 0)
             qFatal("The rights cannot be taken back");
-    }
-    Q_DISABLE_COPY(Unprivileged)
-
-private:
-    const uid_t m_saved = geteuid();
-};
+    });
+}
 
 } // namespace
 
@@ -91,7 +76,7 @@ private slots:
 
     void recordsByteForByte()
     {
-        QVERIFY(storeLogin(path(), {QStringLiteral("alice"), QStringLiteral("secret1234"), QStringLiteral("1")}));
+        QVERIFY(storeLogin(path(), {"alice"_s, "secret1234"_s, "1"_s}));
         QCOMPARE(contentsOf(path()).toHex(),
                  QByteArray("03000000 05000000 080f0c1910 0a000000 514053431b081e061002 01000000 40").replace(' ', ""));
         // Equal letters eight places apart scramble to zero, and an empty text is its length alone.
@@ -102,50 +87,44 @@ private slots:
 
     void storedText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("stored");
-        const auto row = [](const char *name, const QString &text, const QString &stored) {
-            QTest::newRow(name) << text << stored;
-        };
+        const Table<QString, QString> row("text", "stored");
         for (const int length : {0, 1, 7, 8, 9, 16, 17, 254, 255}) {
             const QString text(length, QLatin1Char('a'));
-            row(qPrintable(QStringLiteral("%1 letters").arg(length)), text, text);
+            row(qPrintable("%1 letters"_s.arg(length)), text, text);
         }
         row("256 letters", QString(256, QLatin1Char('z')), QString(255, QLatin1Char('z')));
-        row("Latin-1", QStringLiteral("\u00E9\u00FF\u0080 \u00D1"), QStringLiteral("\u00E9\u00FF\u0080 \u00D1"));
-        row("outside Latin-1", QStringLiteral("5 \u20AC"), QStringLiteral("5 ?"));
-        row("zero inside", QStringLiteral("ab") + QChar(0) + QStringLiteral("c"), QStringLiteral("ab"));
-        row("single percent signs", QStringLiteral("100% %s %n %d"), QStringLiteral("100% %s %n %d"));
-        row("three percent signs", QStringLiteral("%%%"), QStringLiteral("%%"));
-        row("four percent signs", QStringLiteral("%%%%"), QStringLiteral("%%"));
-        row("cut after the percent signs", QStringLiteral("%%") + QString(255, QLatin1Char('z')),
-            QStringLiteral("%") + QString(254, QLatin1Char('z')));
+        row("Latin-1", "\u00E9\u00FF\u0080 \u00D1"_s, "\u00E9\u00FF\u0080 \u00D1"_s);
+        row("outside Latin-1", "5 \u20AC"_s, "5 ?"_s);
+        row("zero inside", "ab"_s + QChar(0) + "c"_s, "ab"_s);
+        row("single percent signs", "100% %s %n %d"_s, "100% %s %n %d"_s);
+        row("three percent signs", "%%%"_s, "%%"_s);
+        row("four percent signs", "%%%%"_s, "%%"_s);
+        row("cut after the percent signs", "%%"_s + QString(255, QLatin1Char('z')),
+            "%"_s + QString(254, QLatin1Char('z')));
     }
     void storedText()
     {
         QFETCH(QString, text);
-        QVERIFY(storeLogin(path(), {text, QStringLiteral("between"), text}));
+        QVERIFY(storeLogin(path(), {text, "between"_s, text}));
         const auto login = loadLogin(path());
         QVERIFY(login.has_value());
         QTEST(login->username, "stored");
-        QCOMPARE(login->password, QStringLiteral("between"));
+        QCOMPARE(login->password, "between"_s);
         QTEST(login->rememberMe, "stored");
     }
 
     void damagedFileIsNoLogin_data()
     {
-        QTest::addColumn<QByteArray>("contents");
-        const auto row
-            = [](const char *name, const char *digits) { QTest::newRow(name) << QByteArray::fromHex(digits); };
-        const QByteArray sound = QByteArray::fromHex("03000000 01000000 10 01000000 10 00000000");
+        const Table<QByteArray> row("contents");
+        const auto bytes = [](const char *digits) { return QByteArray::fromHex(digits); };
+        const QByteArray sound = bytes("03000000 01000000 10 01000000 10 00000000");
         for (int length = 0; length < sound.size(); ++length)
-            QTest::addRow("cut to %d bytes", length) << sound.left(length);
-        row("other count", "02000000 01000000 10 01000000 10 00000000");
-        row("big-endian", "00000003 00000001 10 00000001 10 00000000");
-        row("huge length", "03000000 ffffff7f 10 01000000 10 00000000");
-        row("negative length", "03000000 ffffffff 10 01000000 10 00000000");
-        QTest::newRow("length 256") << QByteArray::fromHex("03000000 00010000") + QByteArray(256, 'x')
-                + QByteArray(8, '\0');
+            row(qPrintable("cut to %1 bytes"_s.arg(length)), sound.left(length));
+        row("other count", bytes("02000000 01000000 10 01000000 10 00000000"));
+        row("big-endian", bytes("00000003 00000001 10 00000001 10 00000000"));
+        row("huge length", bytes("03000000 ffffff7f 10 01000000 10 00000000"));
+        row("negative length", bytes("03000000 ffffffff 10 01000000 10 00000000"));
+        row("length 256", bytes("03000000 00010000") + QByteArray(256, 'x') + QByteArray(8, '\0'));
     }
     void damagedFileIsNoLogin()
     {
@@ -157,21 +136,19 @@ private slots:
 
     void whatFollowsDoesNotMatter()
     {
-        QVERIFY(storeLogin(path(), {QStringLiteral("u"), QStringLiteral("p"), QStringLiteral("1")}));
+        QVERIFY(storeLogin(path(), {"u"_s, "p"_s, "1"_s}));
         QVERIFY(QFile::resize(path(), 1LL << 40));
         const auto login = loadLogin(path());
         QVERIFY(login.has_value());
-        QCOMPARE(login->password, QStringLiteral("p"));
+        QCOMPARE(login->password, "p"_s);
     }
 
     void permissionsAreRespected_data()
     {
-        QTest::addColumn<int>("file");
-        QTest::addColumn<int>("folder");
-        QTest::addColumn<QString>("afterwards");
-        QTest::newRow("file for reading only") << 0444 << 0777 << QStringLiteral("old");
-        QTest::newRow("folder for reading only") << 0666 << 0555 << QStringLiteral("new");
-        QTest::newRow("both for reading only") << 0444 << 0555 << QStringLiteral("old");
+        const Table<int, int, QString> row("file", "folder", "afterwards");
+        row("file for reading only", 0444, 0777, "old"_s);
+        row("folder for reading only", 0666, 0555, "new"_s);
+        row("both for reading only", 0444, 0555, "old"_s);
     }
     void permissionsAreRespected()
     {
@@ -182,7 +159,7 @@ private slots:
         chmod(QFile::encodeName(path()).constData(), static_cast<mode_t>(file));
         chmod(QFile::encodeName(m_folder->path()).constData(), static_cast<mode_t>(folder));
         {
-            const Unprivileged user;
+            const auto user = laidDownRights();
             store(path("link"), "new");
         }
         chmod(QFile::encodeName(m_folder->path()).constData(), 0700);
@@ -196,8 +173,7 @@ private slots:
             QVERIFY(QFile(path(name)).open(QIODevice::WriteOnly));
         QVERIFY(store(path(), "new"));
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files),
-                 (QStringList{QStringLiteral("login"), QStringLiteral("login.backup"),
-                              QStringLiteral("other.saving-AbCdEf")}));
+                 (QStringList{"login"_s, "login.backup"_s, "other.saving-AbCdEf"_s}));
     }
 
     void fileIsItsOwnersOnly()
@@ -219,15 +195,15 @@ private slots:
     {
         QVERIFY(store(path(), "old"));
         {
-            const FullDisk disk;
+            const auto disk = fullDisk();
             QVERIFY(!store(path(), "new"));
         }
-        QCOMPARE(stored(path()), QStringLiteral("old"));
+        QCOMPARE(stored(path()), "old"_s);
         QVERIFY(store(path(), "new"));
-        QCOMPARE(stored(path()), QStringLiteral("new"));
+        QCOMPARE(stored(path()), "new"_s);
         QVERIFY(forgetLogin(path()));
         QCOMPARE(contentsOf(path()), QByteArray());
-        QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList(QStringLiteral("login")));
+        QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList("login"_s));
         QVERIFY(!store(path("missing/login"), "new"));
         QVERIFY(!forgetLogin(path("missing/login")));
     }
@@ -246,16 +222,16 @@ private slots:
 
     void fileOfAnotherKindIsLeftAlone_data()
     {
-        QTest::addColumn<QString>("file");
+        const Table<QString> row("file");
         for (const char *file : {"pipe", "folder", "/dev/zero", "missing"})
-            QTest::newRow(file) << QString::fromLatin1(file);
+            row(file, QString::fromLatin1(file));
     }
     void fileOfAnotherKindIsLeftAlone()
     {
         QFETCH(QString, file);
         const QString name = QDir(m_folder->path()).absoluteFilePath(file);
         QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+        QVERIFY(QDir(m_folder->path()).mkdir("folder"_s));
         const bool existed = QFileInfo::exists(name);
         QVERIFY(!loadLogin(name).has_value());
         QCOMPARE(QFileInfo::exists(name), existed);

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "myqwebview.h"
+#include "testing.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QMouseEvent>
-#include <QTimer>
-#include <QtTest>
 #include <QWebFrame>
 #include <QWheelEvent>
 
@@ -39,7 +38,7 @@ QString seenOfTouches(const char *events)
 {
     QStringList seen = QString::fromLatin1(events).split(QLatin1Char(' '));
     if (!hearsTouches)
-        seen.removeAll(QStringLiteral("touchstart"));
+        seen.removeAll("touchstart"_s);
     return seen.join(QLatin1Char(' '));
 }
 
@@ -75,41 +74,31 @@ private slots:
 
     void cleanup() { m_window.reset(); }
 
-    void tapReachesThePage_data()
-    {
-        QTest::addColumn<bool>("editable");
-        QTest::addColumn<QString>("seen");
-        QTest::newRow("editable") << true << QStringLiteral("mousedown mouseup click");
-        QTest::newRow("not editable") << false << QString();
-    }
     void tapReachesThePage()
     {
-        QFETCH(bool, editable);
-        m_view->setEditable(editable);
-        press(100, 100);
-        move(129, 71);
-        release(129, 71);
-        QFETCH(QString, seen);
-        QTRY_COMPARE(seenByThePage(), seen);
-        QCOMPARE(moved(), QPoint());
-        QVERIFY(!m_timer->isActive());
+        for (const auto &[editable, seen] : {std::pair(false, ""), {true, "mousedown mouseup click"}}) {
+            m_view->setEditable(editable);
+            drag({{100, 100}, {129, 71}});
+            QTRY_COMPARE(seenByThePage(), QLatin1String(seen));
+            QCOMPARE(moved(), QPoint());
+            QVERIFY(!m_timer->isActive());
+        }
     }
 
     void dragStartsAtThirtyPixels_data()
     {
-        QTest::addColumn<QPoint>("step");
-        QTest::addColumn<bool>("moves");
-        QTest::newRow("29 on both axes") << QPoint(29, 29) << false;
-        QTest::newRow("29 back on both axes") << QPoint(-29, -29) << false;
-        QTest::newRow("30 right") << QPoint(30, 0) << true;
-        QTest::newRow("30 left") << QPoint(-30, 0) << true;
-        QTest::newRow("30 up and a bit") << QPoint(5, -30) << true;
+        const Table<QPoint, bool> row("step", "moves");
+        row("29 on both axes", {29, 29}, false);
+        row("29 back on both axes", {-29, -29}, false);
+        row("30 right", {30, 0}, true);
+        row("30 left", {-30, 0}, true);
+        row("30 up and a bit", {5, -30}, true);
     }
     void dragStartsAtThirtyPixels()
     {
         QFETCH(QPoint, step);
         QFETCH(bool, moves);
-        press(200, 200);
+        mouse(QEvent::MouseButtonPress, {200, 200});
         mouse(QEvent::MouseMove, QPoint(200, 200) + step);
         QCOMPARE(moved(), moves ? step : QPoint());
     }
@@ -117,60 +106,52 @@ private slots:
     void dragIsNoTapAndSelectsNothing()
     {
         // Across the words, and then the mouse goes on without a button: the page never saw the release.
-        press(60, 260);
-        move(100, 262);
-        move(220, 264);
-        release(220, 264);
+        drag({{60, 260}, {100, 262}, {220, 264}});
         m_timer->stop();
         QTest::mouseMove(m_window->viewport(), QPoint(300, 250));
         QTest::mouseMove(m_window->viewport(), QPoint(100, 245));
-        QTRY_COMPARE(seenByThePage(), QStringLiteral("mousedown"));
+        QTRY_COMPARE(seenByThePage(), "mousedown"_s);
         QCOMPARE(m_view->page()->selectedText(), QString());
     }
 
     void quickTapsAreTwoTaps()
     {
-        press(60, 240);
-        release(60, 240);
+        drag({{60, 240}});
         mouse(QEvent::MouseButtonDblClick, {60, 241});
-        release(60, 241);
-        QTRY_COMPARE(seenByThePage(), QStringLiteral("mousedown mouseup click mousedown mouseup click"));
+        mouse(QEvent::MouseButtonRelease, {60, 241});
+        QTRY_COMPARE(seenByThePage(), "mousedown mouseup click mousedown mouseup click"_s);
         QCOMPARE(m_view->page()->selectedText(), QString());
 
         // A drag that begins as the second tap is measured from that tap.
         mouse(QEvent::MouseButtonDblClick, {160, 340});
-        move(160, 369);
+        mouse(QEvent::MouseMove, {160, 369});
         QCOMPARE(moved(), QPoint());
     }
 
     void tapAfterAnInterruptedDrag()
     {
-        press(200, 200);
-        move(200, 240);
+        mouse(QEvent::MouseButtonPress, {200, 200});
+        mouse(QEvent::MouseMove, {200, 240});
         m_view->hide();
         m_view->show();
-        press(100, 100);
-        release(100, 100);
-        QTRY_COMPARE(seenByThePage(), QStringLiteral("mousedown mousedown mouseup click"));
+        drag({{100, 100}});
+        QTRY_COMPARE(seenByThePage(), "mousedown mousedown mouseup click"_s);
     }
 
     void flingSlowsDown()
     {
         // Smoothed: 3 * 30 / 4 = 22, then 3 * (22 - 8) / 4 = 10.
-        press(200, 200);
-        move(200, 230);
-        move(200, 222);
-        release(200, 222);
+        drag({{200, 200}, {200, 230}, {200, 222}});
         QVERIFY(m_timer->isActive());
         QCOMPARE(m_timer->interval(), 50);
-        press(200, 300); // deliberately does not stop it
+        mouse(QEvent::MouseButtonPress, {200, 300}); // deliberately does not stop it
         QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
     }
 
     void flingEndsAfterTwentyTicks()
     {
         frame()->setScrollPosition(QPoint(0, 0));
-        fling(650, 50); // smoothed: -450
+        drag({{200, 650}, {200, 50}}); // smoothed: -450
         const QVector<int> steps = coast();
         QCOMPARE(steps.size(), 20);
         QCOMPARE(steps.mid(0, 4), QVector<int>({-360, -288, -230, -184}));
@@ -182,9 +163,9 @@ private slots:
         int ticks = 0;
         const auto connection = connect(m_timer, &QTimer::timeout, this, [&] {
             if (++ticks == 5)
-                fling(600, 100);
+                drag({{200, 600}, {200, 100}});
         });
-        fling(600, 100);
+        drag({{200, 600}, {200, 100}});
         const QVector<int> steps = coast();
         disconnect(connection);
         QCOMPARE(steps.size(), 20);
@@ -220,14 +201,13 @@ private slots:
 
     void keysScroll_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("line down") << int(Qt::Key_Down) << 1040;
-        QTest::newRow("line up") << int(Qt::Key_Up) << 960;
-        QTest::newRow("page down") << int(Qt::Key_PageDown) << 1624;
-        QTest::newRow("page up") << int(Qt::Key_PageUp) << 376;
-        QTest::newRow("top") << int(Qt::Key_Home) << 0;
-        QTest::newRow("end") << int(Qt::Key_End) << 9000 - 664;
+        const Table<int, int> row("key", "expected");
+        row("line down", int(Qt::Key_Down), 1040);
+        row("line up", int(Qt::Key_Up), 960);
+        row("page down", int(Qt::Key_PageDown), 1624);
+        row("page up", int(Qt::Key_PageUp), 376);
+        row("top", int(Qt::Key_Home), 0);
+        row("end", int(Qt::Key_End), 9000 - 664);
     }
     void keysScroll()
     {
@@ -249,7 +229,7 @@ private slots:
         const QPoint before = frame()->scrollPosition();
         QTest::keyClick(m_window->viewport(), Qt::Key_Down);
         QTest::keyClick(m_window->viewport(), Qt::Key_Space);
-        QCOMPARE(script("field.value.substr(0, 11)").toString(), QStringLiteral("line\n line\n"));
+        QCOMPARE(script("field.value.substr(0, 11)").toString(), "line\n line\n"_s);
         QCOMPARE(frame()->scrollPosition(), before);
     }
 
@@ -271,13 +251,13 @@ private slots:
     {
         const QString tap = seenOfTouches("touchstart mousedown mouseup click");
         for (const QString &expected : {tap, tap + QLatin1Char(' ') + tap}) {
-            tapByFinger();
+            dragByFinger({{60, 240}});
             QTRY_COMPARE(seenByThePage(), expected);
         }
         QCOMPARE(m_view->page()->selectedText(), QString());
         m_view->setEditable(false);
         script("seen = []");
-        tapByFinger();
+        dragByFinger({{60, 240}});
         QCOMPARE(seenByThePage(), QString());
     }
 
@@ -302,11 +282,8 @@ private slots:
     {
         if (!hearsTouches)
             QSKIP("Pages hear of touches only what they do as a mouse");
-        QWidget *viewport = m_window->viewport();
         script("document.addEventListener('touchstart', function(event) { event.preventDefault(); }, true)");
-        touch().press(0, QPoint(200, 200), viewport);
-        touch().move(0, QPoint(200, 260), viewport);
-        touch().release(0, QPoint(200, 260), viewport);
+        dragByFinger({{200, 200}, {200, 260}});
         QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart"));
         QCOMPARE(moved(), QPoint());
     }
@@ -319,7 +296,7 @@ private slots:
         QTouchEvent cancel(QEvent::TouchCancel, m_screen);
         QApplication::sendEvent(viewport, &cancel);
         script("seen = []");
-        tapByFinger();
+        dragByFinger({{60, 240}});
         QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown mouseup click"));
     }
 
@@ -332,19 +309,21 @@ private:
         QMouseEvent event(type, position, viewport->mapToGlobal(position), button, held, Qt::NoModifier);
         QApplication::sendEvent(viewport, &event);
     }
-    void press(int x, int y) { mouse(QEvent::MouseButtonPress, {x, y}); }
-    void move(int x, int y) { mouse(QEvent::MouseMove, {x, y}); }
-    void release(int x, int y) { mouse(QEvent::MouseButtonRelease, {x, y}); }
-    void fling(int fromY, int toY)
+    /// Presses at the first of @p positions, moves to each of the others and releases.
+    void drag(const QVector<QPoint> &positions)
     {
-        press(200, fromY);
-        move(200, toY);
-        release(200, toY);
+        mouse(QEvent::MouseButtonPress, positions.first());
+        for (const QPoint &position : positions.mid(1))
+            mouse(QEvent::MouseMove, position);
+        mouse(QEvent::MouseButtonRelease, positions.last());
     }
-    void tapByFinger()
+    void dragByFinger(const QVector<QPoint> &positions)
     {
-        touch().press(0, QPoint(60, 240), m_window->viewport());
-        touch().release(0, QPoint(60, 240), m_window->viewport());
+        QWidget *viewport = m_window->viewport();
+        touch().press(0, positions.first(), viewport);
+        for (const QPoint &position : positions.mid(1))
+            touch().move(0, position, viewport);
+        touch().release(0, positions.last(), viewport);
     }
     TouchSequence touch() { return QTest::touchEvent(m_window->viewport(), m_screen); }
     bool wheel(const QPoint &position, int delta)

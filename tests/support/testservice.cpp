@@ -5,10 +5,11 @@
 
 #include <QMutexLocker>
 #include <QNetworkProxy>
-#include <QStringList>
 
+#include <algorithm>
 #include <chrono>
 #include <httplib.h>
+#include <iterator>
 
 namespace {
 
@@ -33,7 +34,6 @@ TestService::TestService()
                          bytes(request.body)});
             answer = answers.value(url, answers.value(url.section(QLatin1Char('?'), 0, 0), {"not found", 404}));
         }
-        emit requested(method, url);
         std::this_thread::sleep_for(std::chrono::milliseconds(answer.delay));
         response.status = answer.status;
         if (!answer.location.isEmpty())
@@ -89,19 +89,20 @@ void TestService::comeBack()
     silent = false;
 }
 
-QList<TestService::Request> TestService::requests() const
+QList<TestService::Request> TestService::requests(const QString &method) const
 {
     const QMutexLocker lock(&mutex);
-    return seen;
+    QList<Request> result;
+    std::copy_if(seen.begin(), seen.end(), std::back_inserter(result),
+                 [&](const Request &request) { return method.isEmpty() || request.method == method; });
+    return result;
 }
 
-QStringList TestService::urls(const QString &method) const
+QStringList TestService::urls() const
 {
     QStringList result;
-    for (const Request &request : requests()) {
-        if (request.method == method)
-            result << request.url;
-    }
+    for (const Request &request : requests(QStringLiteral("GET")))
+        result << request.url;
     return result;
 }
 
@@ -111,10 +112,9 @@ void TestService::forget()
     seen.clear();
 }
 
-QByteArray TestService::page(const QMap<QString, QString> &variables, const QString &body)
+QByteArray TestService::page(const QString &variables, const QString &body)
 {
-    QString html = QStringLiteral("<!DOCTYPE html><meta charset='utf-8'><title>page title</title><script>");
-    for (auto it = variables.begin(); it != variables.end(); ++it)
-        html += QStringLiteral("var %1 = %2;").arg(it.key(), it.value());
-    return (html + QStringLiteral("</script><body>") + body).toUtf8();
+    const QString html
+        = QStringLiteral("<!DOCTYPE html><meta charset='utf-8'><title>page title</title><script>%1</script><body>%2");
+    return html.arg(variables.isEmpty() ? QString() : QStringLiteral("var ") + variables, body).toUtf8();
 }

@@ -4,9 +4,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
-#include <QMap>
 #include <QMutex>
-#include <QObject>
 #include <QString>
 
 #include <memory>
@@ -18,9 +16,7 @@ class Server;
 
 /// A service under a test's control. It answers the companion's requests as the application-wide HTTP proxy on a free
 /// port, so it serves pages of any host. Paths without an answer get status 404.
-class TestService : public QObject {
-    Q_OBJECT
-
+class TestService {
 public:
     struct Request {
         QString method;
@@ -40,7 +36,8 @@ public:
     };
 
     TestService();
-    ~TestService() override;
+    ~TestService();
+    Q_DISABLE_COPY(TestService)
 
     /// Answers @p path, under the service's root and whatever its query, from now on.
     void answer(const QString &path, const Answer &answer);
@@ -50,21 +47,16 @@ public:
     void goSilent();
     void comeBack();
 
-    QList<Request> requests() const;
-    /// The URLs of all requests with @p method so far.
-    QStringList urls(const QString &method = QStringLiteral("GET")) const;
+    /// All requests so far, or those with @p method.
+    QList<Request> requests(const QString &method = QString()) const;
+    /// The URLs that were asked for with GET.
+    QStringList urls() const;
     void forget();
 
-    /// A page that defines @p variables (values are script literals) and shows @p body.
-    static QByteArray page(const QMap<QString, QString> &variables, const QString &body = QString());
-
-signals:
-    /// Emitted in the test's thread.
-    void requested(const QString &method, const QString &url);
+    /// A page that defines @p variables, as in "sTitle = 'Inbox', iGameId = 7", and shows @p body.
+    static QByteArray page(const QString &variables, const QString &body = QString());
 
 private:
-    void start();
-
     mutable QMutex mutex;
     QHash<QString, Answer> answers;
     QList<Request> seen;

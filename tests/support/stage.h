@@ -6,13 +6,13 @@
 #include "mapplicationwindow.h"
 
 /// A window with a page on it, and a finger to play on it with. Positions are scene pixels.
-class Stage {
+template <typename Page> class StageWith {
 public:
     MApplicationWindow window;
-    MApplicationPage page;
+    Page page;
     Finger finger;
 
-    explicit Stage(Finger::Kind kind = Finger::Mouse)
+    explicit StageWith(Finger::Kind kind = Finger::Mouse)
         : finger(&window, kind)
     {
         // One screen pixel a scene pixel, whatever the screen has room for.
@@ -48,3 +48,5 @@ public:
         return picture().copy(QRect(window.mapFromScene(place.topLeft()), place.size().toSize()));
     }
 };
+
+using Stage = StageWith<MApplicationPage>;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QCoreApplication>
+#include "testing.h"
+
 #include <QGraphicsView>
 #include <QMouseEvent>
-#include <QTest>
 #include <QWheelEvent>
 
 /// A finger, or the mouse, on what a view shows. Positions are scene pixels; the events go the way of real ones, in at

@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+#include "chromerules.h"
+#include "commandline.h"
+#include "globaldefine.h"
+#include "interactrules.h"
+#include "navigationrules.h"
+#include "servicerequests.h"
+#include "testing.h"
+
+#include <limits>
+
+namespace {
+
+QString url(const QString &path)
+{
+    return QLatin1String(K_SERVICE_ROOT) + path;
+}
+
+/// What @p chrome shows, by name.
+QString names(const ChromeVisibility &chrome)
+{
+    QStringList shown;
+    if (chrome.tabs)
+        shown << "tabs"_s;
+    const std::pair<Command, const char *> all[]
+        = {{Command::Cancel, "cancel"},      {Command::Send, "send"},
+           {Command::Info, "info"},          {Command::Quit, "quit"},
+           {Command::NewMessage, "message"}, {Command::Back, "back"},
+           {Command::Edit, "edit"},          {Command::Add, "add"},
+           {Command::Interact, "interact"},  {Command::Recommend, "recommend"}};
+    for (const auto &[command, name] : all) {
+        if (chrome.shows(command))
+            shown << QLatin1String(name);
+    }
+    return shown.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+/// What the companion decides, as tables of plain values, and its texts.
+class RulesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup() { g_languageIdx = 0; }
+
+    void numbersOfTheCommandLine_data()
+    {
+        const Table<QByteArray, int, int> row("text", "number", "language");
+        const int most = std::numeric_limits<int>::max();
+        row("plain", "12", 12, 0);
+        row("the last language", "4", 4, 4);
+        row("behind the last language", "5", 5, 0);
+        row("blanks, sign, rest", " \t-7up", -7, 0);
+        row("word", "abc", 0, 0);
+        row("empty", "", 0, 0);
+        row("above 32 bits", "4294967303", most, 0);
+        row("a language above 32 bits", "8589934594", most, 0);
+        row("below 64 bits", "-99999999999999999999", std::numeric_limits<int>::min(), 0);
+    }
+
+    void numbersOfTheCommandLine()
+    {
+        QFETCH(QByteArray, text);
+        QTEST(toInt(text.constData()), "number");
+        QTEST(toLanguage(text.constData()), "language");
+    }
+
+    void masksOfTheCommandLine_data()
+    {
+        const Table<QByteArray, quint64> row("text", "mask");
+        constexpr quint64 all = ~quint64(0);
+        constexpr quint64 highest = quint64(1) << 63;
+        row("above 32 bits", "4294967297", 4294967297);
+        row("all bits", "18446744073709551615", all);
+        row("all bits, negative", " -1", all);
+        row("highest bit, negative", "-9223372036854775808", highest);
+        row("too large", "18446744073709551616", all);
+        row("too small", "-9223372036854775809", highest);
+        row("word", "many", 0);
+    }
+
+    void masksOfTheCommandLine()
+    {
+        QFETCH(QByteArray, text);
+        QTEST(toMask(text.constData()), "mask");
+    }
+
+    void commandsOfEachPage_data()
+    {
+        const Table<QByteArray> row("paths");
+        row("info quit", "/vantu/ /VANTU/");
+        row("quit",
+            "/vantu/?lg=EN&country=FR /vantu/login /vantu/login/index /vantu/login/index/again "
+            "/vantu/login?iDelete=3");
+        row("quit back", "/vantu/LOGIN");
+        row("", "/vantu/login?other=3 /vantu/login/forgotten /vantu/messages/INDEX /vantu/games");
+        row("back",
+            "/vantu /VANTU/?lg=EN /vantu/messages/show/id/4 /vantu/friends/add-friends/ "
+            "/vantu/friends/?select=yes /vantu/GAMES/show-game/gid/7 /vantu/games/trophies/gid/7 "
+            "/vantu/account/edit /vantu/info/");
+        row("message", "/vantu/messages/index");
+        row("message back", "/vantu/messages/index/page/2");
+        row("add", "/vantu/friends /vantu/FRIENDS");
+        row("back add", "/vantu/friends/ /vantu/friends?iDelete=p7 /vantu/friends/index/page/2");
+        row("recommend", "/vantu/games/recommend-via-mail/id/");
+        row("back recommend",
+            "/vantu/games/show-game/gid/7 /vantu/games/recommend-via-mail/id "
+            "/vantu/games/recommend-via-mail/id/7");
+        row("back edit", "/vantu/account /vantu/Account");
+        row("back interact", "/vantu/account/index/uid/p7 /VANTU/Account/index/uid/p7");
+    }
+
+    void commandsOfEachPage()
+    {
+        QFETCH(QByteArray, paths);
+        const QString expected = "tabs %1"_s.arg(QLatin1String(QTest::currentDataTag())).trimmed();
+        for (const QByteArray &path : paths.split(' ')) {
+            const QString shown = names(chromeFor(url(QLatin1String(path)), Normal));
+            QVERIFY2(shown == expected, qPrintable(QLatin1String(path) + ": "_s + shown));
+        }
+    }
+
+    void composersShowCancelAndSend()
+    {
+        for (const VantuState state : {SendMessageState, SendEmailState}) {
+            for (const char *link : {K_LINK_VANTU, K_LINK_FRIENDS, K_LINK_MESSAGES_INDEX, K_URL_PROFILE_PREFIX})
+                QCOMPARE(names(chromeFor(QLatin1String(link), state)), "cancel send"_s);
+            QCOMPARE(names(chromeFor(QLatin1String(K_LINK_EDIT_ACCOUNT), state)), "cancel send edit"_s);
+        }
+    }
+
+    void anotherHostGetsBackOnly()
+    {
+        QCOMPARE(names(chromeFor("http://elsewhere.test/vantu/"_s, Normal)), "tabs back"_s);
+        // "Contains" takes in the root wherever it stands, and login anywhere hides back.
+        QCOMPARE(names(chromeFor("http://elsewhere.test/?from="_s + QLatin1String(K_LINK_LOGIN), Normal)), "tabs"_s);
+    }
+
+    void sectionIsTheFirstPartOfThePath_data()
+    {
+        const Table<int, QByteArray> row("section", "paths"); // -1: none
+        row("home", 0, "/vantu /vantu/ /vantu/?lg=EN&from=/vantu/games");
+        row("inbox", 1, "/vantu/messages/index/page/2");
+        row("friends", 2, "/vantu/friends?iDelete=1 /vantu/friends/add-friends/");
+        row("games", 3, "/vantu/games#top");
+        row("none", -1, "/vantu/login /vantu/account/index/uid/games /vantu/gamesome /vantunova/games");
+        row("no path", -1, "");
+    }
+
+    void sectionIsTheFirstPartOfThePath()
+    {
+        QFETCH(int, section);
+        QFETCH(QByteArray, paths);
+        for (const QByteArray &path : paths.split(' ')) {
+            const std::optional<Tab> found = sectionOf(url(QLatin1String(path)));
+            QVERIFY2((found ? static_cast<int>(*found) : -1) == section, path);
+        }
+        QVERIFY(!sectionOf("http://elsewhere.test/vantu/games"_s));
+    }
+
+    void backLeadsUpOneLevel_data()
+    {
+        const Table<QString> row("target");
+        row("/vantu/games/show-game/gid/7", "/vantu/games"_s);
+        row("/vantu/games/show-game/gid/7/fb_send/yes", "/vantu/games"_s);
+        row("/vantu/games/show-game/gid", "/vantu/games"_s);
+        row("/vantu/games/show-game/7", {});
+        row("/vantu/games/trophies/gid/5", "/vantu/games/show-game/gid/42"_s);
+        row("/vantu/games/Trophies/gid/5", {});
+        row("/vantu/games/signal-twitter-send/gid/5", "/vantu/games/trophies/gid/42"_s);
+        row("/vantu/games/compare/uid/p7", {});
+        row("/vantu/friends", {});
+    }
+
+    void backLeadsUpOneLevel()
+    {
+        QFETCH(QString, target);
+        const QString path = QString::fromLatin1(QTest::currentDataTag());
+        QCOMPARE(backTarget(url(path), "42"_s), target.isEmpty() ? QString() : url(target));
+    }
+
+    void oneLookRulesOutErrorSentences_data()
+    {
+        const Table<QString, bool> row("text", "mayHoldOne");
+        for (const char *sentence : errorSentences)
+            row(sentence, QString::fromUtf8(sentence), true);
+        row("capitals", "AN ERROR HAS OCCURRED"_s, true);
+        row("accents", "An \u00e9rr\u00f8r has occurred"_s, true);
+        row("hyphens that are not seen", "ein Feh\u00ad\u200bler ist"_s, true);
+        row("letters of double width", "\uff25rror"_s, true);
+        row("no word of it", "Ana has er, ror and f\u00e9hle; r.\nOh\u00e9 !"_s, false);
+        row("nothing", {}, false);
+    }
+
+    void oneLookRulesOutErrorSentences()
+    {
+        QFETCH(QString, text);
+        QTEST(mayHoldErrorSentence(text), "mayHoldOne");
+    }
+
+    void sharingSitesAreKnownByAWord()
+    {
+        QVERIFY(isTwitterUrl("https://Twitter.test/share?x=1"_s));
+        QVERIFY(!isTwitterUrl("http://vantu.test/vantu/"_s));
+        QVERIFY(isFacebookUrl("http://m.FaceBook.test/"_s));
+        QVERIFY(!isFacebookUrl(QLatin1String(K_LINK_RECOMMEND_FACEBOOK)));
+    }
+
+    void theServiceIsKnownByItsRoot()
+    {
+        for (const char *own : {"", "/", ":80/vantu/", "/vantu/?pass=x#y"})
+            QVERIFY2(isServiceUrl(QUrl(url(QLatin1String(own)))), own);
+        for (const char *other : {"https://vantu.test/", "http://vantu.test:8080/", "http://vantu.test.other.test/",
+                                  "http://www.vantu.test/", "http://vantu.test@other.test/", "data:text/html,x",
+                                  "about:blank", "blob:http://vantu.test/1", "/vantu/", ""})
+            QVERIFY2(!isServiceUrl(QUrl(QLatin1String(other))), other);
+    }
+
+    void menuRowsAreKnownByTheirTexts()
+    {
+        for (g_languageIdx = 0; g_languageIdx < K_LANGUAGE_COUNT; ++g_languageIdx) {
+            QCOMPARE(interactActionFor(localized(TXT_SEND_MESSAGE)), InteractAction::SendMessage);
+            QCOMPARE(interactActionFor(localized(TXT_DELETE_FRIEND)), InteractAction::DeleteFriend);
+            QCOMPARE(interactActionFor(localized(TXT_ADD_FRIEND)), InteractAction::AddFriend);
+            QCOMPARE(interactActionFor(localized(TXT_RATE)), InteractAction::Rate);
+            QCOMPARE(interactActionFor(localized(TXT_RATE_UP)), InteractAction::RateUp);
+            QCOMPARE(interactActionFor(localized(TXT_COMPARE_GAMES)), InteractAction::Compare);
+            // The German thumbs down holds the thumbs up.
+            QCOMPARE(interactActionFor(localized(TXT_RATE_DOWN)),
+                     g_languageIdx == 2 ? InteractAction::RateUp : InteractAction::RateDown);
+        }
+        g_languageIdx = 0;
+        QCOMPARE(interactActionFor("Wave"_s), InteractAction::None);
+        const QString message = "Send Message"_s;
+        const QString compare = "Compare Games"_s;
+        QCOMPARE(interactRows(true, false), QStringList({message, "Delete Friend"_s, compare}));
+        QCOMPARE(interactRows(true, true), QStringList({message, "Delete Friend"_s, "Rate"_s, compare}));
+        QCOMPARE(interactRows(false, false), QStringList({message, "Add as friend"_s, compare}));
+    }
+
+    void startUrlCarriesEverythingAsItIs()
+    {
+        StartValues values{"DE"_s, "AT"_s, "Slate 3"_s, "12.9"_s, "0a1b"_s, -3, "alice"_s, "pw1"_s, true};
+        QCOMPARE(startUrl(values),
+                 url("/vantu/?lg=DE&country=AT&d=Slate 3&f=12.9&udid=0a1b&KVB=-3&username=alice&pass=pw1"
+                     "&remember_me=1&type=MEEGO&width=480&height=854&fb=1"_s));
+        values.username = "a&b#c+d"_s;
+        QVERIFY(startUrl(values).contains("&username=a&b#c+d&pass="_s));
+        // A later placeholder inside a value is filled in its turn; an earlier one stays.
+        values.username = "PASSWORD LANG"_s;
+        QVERIFY(startUrl(values).contains("&username=pw1 LANG&pass=pw1&"_s));
+        QVERIFY(startUrl({}).endsWith("&d=&f=&udid=&KVB=0&username=&pass=&remember_me=0&type=MEEGO&width=480"
+                                      "&height=854&fb=1"_s));
+    }
+
+    void formsCarryEverythingUnchanged_data()
+    {
+        const Table<QByteArray, QByteArray> row("body", "expected");
+        row("message", messageBody({"7"_s, "9"_s}, "Hi"_s), "user_id[]=7&user_id[]=9&message=Hi");
+        row("message of nothing", messageBody({}, {}), "message=");
+        row("invitation", invitationBody({"a"_s, "x+y@z.test"_s}),
+            "name[]=a&email[]=a&name[]=x%2By%40z.test&email[]=x%2By%40z.test");
+        row("invitation of nobody", invitationBody({}), "");
+        row("no trophies", trophyBody(0), "");
+        row("trophies 0 and 5", trophyBody(33), "trophy_id[]=0&trophy_id[]=5");
+        row("highest trophy", trophyBody(quint64(1) << 63 | 1), "trophy_id[]=0&trophy_id[]=63");
+        row("separators", messageBody({}, "a&b=c;d+%41 "_s), "message=a%26b%3Dc%3Bd%2B%2541%20");
+        row("line ends", messageBody({}, "one\r\n\ttwo"_s), "message=one%0D%0A%09two");
+        row("accents", messageBody({}, "é€😀"_s), "message=%C3%A9%E2%82%AC%F0%9F%98%80");
+        row("long", messageBody({}, QString(10000, QLatin1Char('&'))), "message=" + QByteArray("%26").repeated(10000));
+    }
+
+    void formsCarryEverythingUnchanged()
+    {
+        QFETCH(QByteArray, body);
+        QTEST(body, "expected");
+    }
+
+    void postAddresses()
+    {
+        const QString game = "7"_s;
+        const QString user = "p12"_s;
+        QCOMPARE(messageUrl(game, user).toString(), url("/vantu/messages/send-message/android_uid/7p12"_s));
+        QCOMPARE(invitationUrl(game, user).toString(), url("/vantu/games/recommend-via-mail/id/7/android_uid/p12"_s));
+        QCOMPARE(trophyUrl({}, user, 7).toString(), url("/vantu/index/add-trophy/android_uid/p12/kvb_game/7"_s));
+        QCOMPARE(trophyUrl(game, user, 8).toString(), url("/vantu/index/add-trophy7/android_uid/p12/kvb_game/8"_s));
+        QCOMPARE(rateUrl(user, 0).toString(), url("/vantu/friends/evaluate/fid/p12/value/0"_s));
+        QCOMPARE(facebookUrl(game).toString(), url("/vantu/games/show-game/gid/7/fb_send/yes"_s));
+    }
+
+    void accentsOfTheTextsAreLatin1()
+    {
+        g_languageIdx = 2;
+        QCOMPARE(localized(TXT_NO_RECIEPIENTS), "Wähle bitte mindestens einen Empfänger."_s);
+        g_languageIdx = 4;
+        QCOMPARE(localized(TXT_ADD_FRIEND), "Añadir como amigo"_s);
+        const QByteArray french(TXT_SEND_TO.rows[1], sizeof TXT_SEND_TO.rows[1]);
+        QCOMPARE(french, QByteArray("\xC0: \0\0\0\0\0", 8));
+    }
+};
+
+QTEST_APPLESS_MAIN(RulesTest)
+#include "tst_rules.moc"
