@@ -10,6 +10,15 @@ class LifecycleTest : public PortalTest {
     Q_OBJECT
 
 private slots:
+    void noWhiteSheetBeforeTheFirstPage()
+    {
+        service->answer("/vantu/"_s, {{}, 200, {}, 200});
+        page = std::make_unique<TestPage>();
+        page->appear(window.get(), MSceneWindow::KeepWhenDone);
+        QTRY_COMPARE(service->requests().size(), 1);
+        QVERIFY(window->grab().toImage().pixelColor(240, 100) != Qt::white);
+    }
+
     void chromeDuringAndAfterALoad()
     {
         service->answer("/vantu/games"_s, {TestService::page({}), 200, {}, 300});
