@@ -172,6 +172,9 @@ public:
         , m_button(button)
     {
         setFlag(ItemStacksBehindParent);
+        setFlag(ItemHasNoContents);
+        // In a viewport, all of the bounding rectangle would count without this.
+        setFlag(ItemClipsToShape);
         setAcceptedMouseButtons(Qt::LeftButton);
     }
 

@@ -207,7 +207,8 @@ private:
         return nullptr;
     }
 
-    void tap(QGraphicsWidget *widget) { tap(widget->mapToScene(widget->rect().center())); }
+    // Near the edge: neighbours that react around themselves must not reach in there.
+    void tap(QGraphicsWidget *widget) { tap(widget->mapToScene(widget->rect().bottomRight() - QPointF(5, 3))); }
     void tap(const QPointF &position) { m_stage->finger.tap(position); }
 
     std::unique_ptr<Stage> m_stage;
