@@ -211,7 +211,7 @@ bool MyQWebView::moveFocusInside(bool next)
 void MyQWebView::focusInEvent(QFocusEvent *event)
 {
     QGraphicsWebView::focusInEvent(event);
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+    if (m_hadFocusRing || event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         showFocusRing(true);
     if (event->reason() == Qt::BacktabFocusReason)
         moveFocusInside(false);
@@ -220,6 +220,7 @@ void MyQWebView::focusInEvent(QFocusEvent *event)
 void MyQWebView::focusOutEvent(QFocusEvent *event)
 {
     QGraphicsWebView::focusOutEvent(event);
+    m_hadFocusRing = m_focusRing && event->reason() == Qt::ActiveWindowFocusReason;
     showFocusRing(false);
 }
 

@@ -86,6 +86,7 @@ private:
     bool m_doArrowsWalk = false;
     bool m_isFocusInside = false; ///< a link or field of the page has the focus, as far as is known here
     MFocusRing *m_focusRing = nullptr; // a child item
+    bool m_hadFocusRing = false; // when the focus left for another panel or window
     int m_contentNumber = 0;
     /// The script of the page keeps the touch on the screen for itself.
     bool m_isTouchTaken = false;

@@ -295,13 +295,16 @@ void MButton::focusInEvent(QFocusEvent *event)
 {
     MWidget::focusInEvent(event);
     const Qt::FocusReason reason = event->reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
+    if (m_hadFocusRing || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+        || reason == Qt::ShortcutFocusReason)
         showFocusRing(true);
 }
 
 void MButton::focusOutEvent(QFocusEvent *event)
 {
     MWidget::focusOutEvent(event);
+    // From another window, or a dialog, the focus comes back to where it was seen.
+    m_hadFocusRing = m_focusRing && event->reason() == Qt::ActiveWindowFocusReason;
     showFocusRing(false);
     if (m_keyPressed)
         cancelPress();

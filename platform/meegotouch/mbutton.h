@@ -107,6 +107,7 @@ private:
     bool m_fitted = false;
     QPointer<MButtonGroup> m_group;
     MFocusRing *m_focusRing = nullptr; // a child item
+    bool m_hadFocusRing = false; // when the focus left for another panel or window
     Margin *m_margin = nullptr; // a child item, while the button is smaller than a thumb
     bool m_down = false;
     bool m_checkable = false;
