@@ -27,12 +27,19 @@ TestService::TestService()
         const QString method = QString::fromStdString(request.method);
         const QString url = QString::fromStdString(request.target);
         Answer answer;
+        bool isSilent = false;
         {
             const QMutexLocker lock(&mutex);
+            isSilent = silent;
             seen.append({method, url, bytes(request.get_header_value("Content-Type")),
                          bytes(request.get_header_value("Cookie")), bytes(request.get_header_value("Referer")),
                          bytes(request.body)});
             answer = answers.value(url, answers.value(url.section(QLatin1Char('?'), 0, 0), {"not found", 404}));
+        }
+        if (isSilent) {
+            // A promise of content that is never kept: the client sees the connection break.
+            response.set_content_provider(1000, "text/html", [](size_t, size_t, httplib::DataSink &) { return false; });
+            return;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(answer.delay));
         response.status = answer.status;
@@ -41,14 +48,6 @@ TestService::TestService()
         response.set_content(answer.html.constData(), answer.html.size(), answer.type.constData());
     };
     server->set_keep_alive_max_count(1);
-    server->set_pre_routing_handler([this](const httplib::Request &, httplib::Response &response) {
-        const QMutexLocker lock(&mutex);
-        if (!silent)
-            return httplib::Server::HandlerResponse::Unhandled;
-        // A promise of content that is never kept: the client sees the connection break.
-        response.set_content_provider(1000, "text/html", [](size_t, size_t, httplib::DataSink &) { return false; });
-        return httplib::Server::HandlerResponse::Handled;
-    });
     server->Get(".*", handle);
     server->Post(".*", handle);
     const int port = server->bind_to_any_port("127.0.0.1");
