@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QSignalBlocker>
+#include <QStyleOptionGraphicsItem>
 #include <QTouchEvent>
 #include <QWebFrame>
 
@@ -123,6 +124,15 @@ QuietPage *MyQWebView::quietPage() const
 QString MyQWebView::documentText() const
 {
     return page()->mainFrame()->toPlainText();
+}
+
+void MyQWebView::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
+{
+    // The engine smooths the edges of what it is asked for, and lets its white sheet through there: scaled, they would
+    // stay behind as lines. Painting is clipped to what is exposed anyhow.
+    QStyleOptionGraphicsItem more(*option);
+    more.exposedRect = option->exposedRect.adjusted(-2, -2, 2, 2) & rect();
+    QGraphicsWebView::paint(painter, &more, widget);
 }
 
 bool MyQWebView::event(QEvent *event)

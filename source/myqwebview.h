@@ -48,6 +48,8 @@ public:
     QString documentTitle() const override { return title(); }
     QString documentText() const override;
 
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
+
 public slots:
     /// One step of the coasting: moves the page on and slows down.
     void updateScroll();
