@@ -73,7 +73,7 @@ int displaySocket()
 } // namespace
 
 MApplication::MApplication(int &argc, char **argv)
-    : MApplication(argc, argv, MDisplay())
+    : MApplication(argc, argv, MDisplay(argc, argv))
 {
 }
 

@@ -35,12 +35,26 @@ QByteArray platforms()
 
 } // namespace
 
-MDisplay::MDisplay()
+MDisplay::MDisplay(int argc, char **argv)
     : m_userPlatform(qgetenv(platformVariable))
 {
     isWaylandPluginMissing = false;
     formerHandler = qInstallMessageHandler(keepDisplayTroubleBack);
-    qputenv(platformVariable, (m_userPlatform.isEmpty() ? platforms() : m_userPlatform) + ';' + noDisplay.latin1());
+    const QByteArray wayOut = QByteArray(";") + noDisplay.latin1();
+    qputenv(platformVariable, (m_userPlatform.isEmpty() ? platforms() : m_userPlatform) + wayOut);
+    if (!m_userPlatform.isEmpty())
+        m_wish = QStringLiteral("QT_QPA_PLATFORM=") + QString::fromLocal8Bit(m_userPlatform);
+
+    char **option = nullptr; // the last one counts
+    for (int i = 2; i < argc; ++i) {
+        if (qstrcmp(argv[i - 1], "-platform") == 0 || qstrcmp(argv[i - 1], "--platform") == 0)
+            option = &argv[i];
+    }
+    if (!option)
+        return;
+    m_wish = QStringLiteral("-platform ") + QString::fromLocal8Bit(*option);
+    m_platformOption = QByteArray(*option) + wayOut;
+    *option = m_platformOption.data();
 }
 
 MDisplay::~MDisplay()
@@ -57,8 +71,8 @@ QString MDisplay::problem() const
 {
     if (QGuiApplication::platformName() != noDisplay)
         return QString();
-    if (!m_userPlatform.isEmpty())
-        return QStringLiteral("QT_QPA_PLATFORM=%1 opens none").arg(QString::fromLocal8Bit(m_userPlatform));
+    if (!m_wish.isEmpty())
+        return m_wish + QStringLiteral(" opens none");
     const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
     const QString x11 = qEnvironmentVariable("DISPLAY");
     QStringList reasons;

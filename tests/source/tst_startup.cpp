@@ -44,6 +44,7 @@ private slots:
         row("four", plain + plain, {}, 0);
         row("four, no display", plain + plain, noDisplay, 0);
         row("no display", plain, noDisplay, 1);
+        row("no such platform", plain + QStringList{"-platform"_s, "nowhere"_s}, {}, 1);
     }
     void endsAtOnce()
     {
