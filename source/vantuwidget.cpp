@@ -71,7 +71,7 @@ void VantuPage::connectUI()
     connect(webView, &QGraphicsWebView::loadStarted, this, &VantuPage::on_pageLoadStarted);
     connect(webView, &QGraphicsWebView::loadFinished, this, &VantuPage::on_pageLoadFinished);
     const auto watch = [this](QWebFrame *frame) {
-        connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [this, frame] { hideReferrer(frame); });
+        connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [this, frame] { restrain(frame); });
     };
     watch(webView->page()->mainFrame());
     connect(webView->page(), &QWebPage::frameCreated, this, watch);

@@ -193,8 +193,9 @@ private:
     void setTiledBackingStore(bool on);
     void setJavaScript(bool on);
 
-    /// Has scripts of other hosts in @p frame find no address of the page that led to them.
-    void hideReferrer(QWebFrame *frame);
+    /// Has scripts of other hosts in @p frame find no address of the page that led to them and, where the service is
+    /// reached encrypted only, no way to speak in clear.
+    void restrain(QWebFrame *frame);
     void detectErrorPage();
     void finishFailedLoad();
     void finishLoad(const QString &url);

@@ -77,13 +77,19 @@ void VantuPage::attachObjectToJS()
         frame->addToJavaScriptWindowObject(QStringLiteral("VANTU"), scriptFacade.get());
 }
 
-void VantuPage::hideReferrer(QWebFrame *frame)
+void VantuPage::restrain(QWebFrame *frame)
 {
+    if (isServiceUrl(frame->url()))
+        return;
     // The address may hold the login. On the prototype, and in the frames of such pages too (those without an address
     // included), since a script could borrow the property's getter from any document in its reach.
-    if (!isServiceUrl(frame->url()))
+    frame->evaluateJavaScript(
+        QStringLiteral("Object.defineProperty(Document.prototype, 'referrer', {get: function() { return ''; }})"));
+    // Sockets go past the network that refuses what is in clear. The engine refuses them too, but only to documents
+    // that came encrypted (a "data:" frame did not), and not to the workers of those.
+    if (isRefused(QUrl(QStringLiteral("http://any"))))
         frame->evaluateJavaScript(
-            QStringLiteral("Object.defineProperty(Document.prototype, 'referrer', {get: function() { return ''; }})"));
+            QStringLiteral("delete window.WebSocket; delete window.Worker; delete window.SharedWorker"));
 }
 
 void VantuPage::showTitle(QString html)

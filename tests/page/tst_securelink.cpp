@@ -43,14 +43,16 @@ private:
             return;
         const QByteArray request = socket->readLine().trimmed();
         socket->readAll();
-        if (request.startsWith("CONNECT ")) {
+        if (request.startsWith("CONNECT ") && request.contains(":443 ")) {
             socket->write("HTTP/1.1 200 OK\r\n\r\n");
             socket->startServerEncryption();
             return;
         }
         (socket->isEncrypted() ? inSecret : inClear).append(request);
         socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n"
-                      "<script>var sUserUid = 'p12';</script><img src='http://vantu.test/picture'>");
+                      "<script>var sUserUid = 'p12'; new WebSocket('ws://vantu.test/')</script>"
+                      "<iframe src='data:text/html,<script>new WebSocket(\"ws://vantu.test/\")</script>'></iframe>"
+                      "<img src='http://vantu.test/picture'>");
         socket->disconnectFromHost();
     }
 
