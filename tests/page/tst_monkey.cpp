@@ -11,7 +11,8 @@
 /// A player who taps anywhere, twice at times, and types, at a service that fails now and then. The service hears of
 /// exactly what the player saw under the finger, and there is always a way out.
 ///
-/// VANTU_MONKEY_SEED and VANTU_MONKEY_ACTIONS repeat or lengthen a run.
+/// VANTU_MONKEY_SEED and VANTU_MONKEY_ACTIONS repeat or lengthen a run (3,000 take longer than QTEST_FUNCTION_TIMEOUT
+/// allows by itself).
 class MonkeyTest : public PortalTest {
     Q_OBJECT
 
@@ -93,9 +94,9 @@ private:
     }
 
     /// The rows of the list on display.
-    QMap<QString, QRectF> rowsOnDisplay() const
+    std::map<QString, QRectF> rowsOnDisplay() const
     {
-        QMap<QString, QRectF> result;
+        std::map<QString, QRectF> result;
         const auto *list = dynamic_cast<MPopupList *>(dialog());
         for (int row = 0; list && row < list->itemModel()->rowCount(); ++row)
             result[list->itemModel()->index(row, 0).data().toString()] = list->rowArea(row);
@@ -115,9 +116,8 @@ private:
                 || (page->addrWidget->getRecipientsCount() == 0 && page->addrWidget->isAncestorOf(button));
             add(centre(button), isKeen ? 8 : 1);
         }
-        const auto rows = rowsOnDisplay();
-        for (auto row = rows.begin(); row != rows.end(); ++row)
-            add(row.value().center(), 8);
+        for (const auto &[text, area] : rowsOnDisplay())
+            add(area.center(), 8);
         return places.at(random.bounded(int(places.size())));
     }
 
@@ -126,12 +126,11 @@ private:
     {
         const QString address = QUrl(shownUrl()).path();
         const QString shown = address.section(QLatin1Char('/'), -1);
-        const auto rows = rowsOnDisplay();
-        for (auto row = rows.begin(); row != rows.end(); ++row) {
-            if (!dialog()->hasAppeared() || !row.value().contains(position))
+        for (const auto &[text, area] : rowsOnDisplay()) {
+            if (!dialog()->hasAppeared() || !area.contains(position))
                 continue;
             recipients = QStringList{shown};
-            return commands.value(row.key() + shown);
+            return commands.value(text + shown);
         }
         const QGraphicsItem *target = targetAt(position);
         if (target == page->btnNewMessage)
