@@ -13,6 +13,24 @@
 
 #include <utility>
 
+namespace {
+
+/// The shadow at its deepest up to the edge of what casts it, from there on ending softly.
+QGradient fading(QGradient gradient)
+{
+    constexpr qreal edge = MStyle::popupRadius / (MStyle::popupRadius + MStyle::glassShadowWidth);
+    constexpr int steps = 8;
+    for (int i = 0; i <= steps; ++i) {
+        const qreal part = qreal(i) / steps;
+        QColor colour = MStyle::glassShadow;
+        colour.setAlphaF(colour.alphaF() * (1 - part) * (1 - part));
+        gradient.setColorAt(edge + (1 - edge) * part, colour);
+    }
+    return gradient;
+}
+
+} // namespace
+
 MDialog::MDialog()
     : MDialog(QString())
 {
@@ -120,21 +138,28 @@ void MDialog::paintGlass(QPainter *painter) const
     painter->drawRoundedRect(m_box.adjusted(0.5, 0.5, -0.5, -0.5), MStyle::popupRadius, MStyle::popupRadius);
 }
 
+/// In nine parts, of which the outer eight fade away from the middle one.
 void MDialog::paintShadow(QPainter *painter) const
 {
+    constexpr qreal reach = MStyle::popupRadius + MStyle::glassShadowWidth;
+    constexpr qreal inset = MStyle::popupRadius;
+    const QRectF middle = m_box.translated(0, MStyle::glassShadowDrop).adjusted(inset, inset, -inset, -inset);
+    const qreal columns[] = {middle.left() - reach, middle.left(), middle.right(), middle.right() + reach};
+    const qreal rows[] = {middle.top() - reach, middle.top(), middle.bottom(), middle.bottom() + reach};
     painter->save();
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(MStyle::glassShadow);
-    // Beneath the glass it would be painted for nothing.
-    const QRect covered = m_box.adjusted(5, 5, -5, -5).toAlignedRect();
-    painter->setClipRegion(QRegion(rect().toAlignedRect()) - covered);
-    // Rings that lie the closer together the nearer they are: the shadow ends softly.
-    const QRectF box = m_box.translated(0, MStyle::glassShadowDrop);
-    for (int ring = MStyle::glassShadowRings; ring > 0; --ring) {
-        const qreal part = qreal(ring) / MStyle::glassShadowRings;
-        const qreal out = MStyle::glassShadowWidth * part * part;
-        const qreal radius = MStyle::popupRadius + out;
-        painter->drawRoundedRect(box.adjusted(-out, -out, out, out), radius, radius);
+    painter->setRenderHint(QPainter::Antialiasing, false); // Smoothed, the joints would be seen.
+    for (int across = -1; across <= 1; ++across) {
+        for (int down = -1; down <= 1; ++down) {
+            const QPointF from(columns[across < 0 ? 1 : 2], rows[down < 0 ? 1 : 2]);
+            const QRectF part(QPointF(columns[across + 1], rows[down + 1]),
+                              QPointF(columns[across + 2], rows[down + 2]));
+            if (across == 0 && down == 0)
+                painter->fillRect(part, MStyle::glassShadow);
+            else if (across == 0 || down == 0)
+                painter->fillRect(part, fading(QLinearGradient(from, from + reach * QPointF(across, down))));
+            else
+                painter->fillRect(part, fading(QRadialGradient(from, reach)));
+        }
     }
     painter->restore();
 }
