@@ -172,6 +172,8 @@ void QGraphicsWebView::resizeEvent(QGraphicsSceneResizeEvent *event)
 
 bool QGraphicsWebView::event(QEvent *event)
 {
+    if (event->type() == QEvent::PaletteChange)
+        page()->engine().setBackgroundColor(palette().color(QPalette::Base));
     return QGraphicsWidget::event(event);
 }
 

@@ -12,11 +12,11 @@ class LifecycleTest : public PortalTest {
 private slots:
     void noWhiteSheetBeforeTheFirstPage()
     {
-        service->answer("/vantu/"_s, {{}, 200, {}, 200});
+        service->answer("/vantu/"_s, {{}, 200, {}, 500});
         page = std::make_unique<TestPage>();
         page->appear(window.get(), MSceneWindow::KeepWhenDone);
         QTRY_COMPARE(service->requests().size(), 1);
-        QVERIFY(window->grab().toImage().pixelColor(240, 100) != Qt::white);
+        QTRY_VERIFY(window->grab().toImage().pixelColor(240, 100) != Qt::white);
     }
 
     void chromeDuringAndAfterALoad()
