@@ -207,6 +207,9 @@ void MyQWebView::keyPressEvent(QKeyEvent *event)
 /// page itself comes before all that is in it.
 bool MyQWebView::focusNextPrevChild(bool next)
 {
+    // The picture in the page's place asks here too.
+    if (m_retry && m_retry->hasFocus())
+        return QGraphicsWidget::focusNextPrevChild(next);
     showFocusRing(true);
     const bool isAhead = next || m_isFocusInside;
     return (isAhead && moveFocusInside(next)) || QGraphicsWidget::focusNextPrevChild(next);
