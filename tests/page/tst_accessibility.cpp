@@ -218,7 +218,7 @@ private slots:
     void pictureInThePlaceOfAPage()
     {
         QSignalSpy finished(page->webView, &QGraphicsWebView::loadFinished);
-        service->goSilent();
+        service->isSilent = true;
         page->webView->setUrl(QUrl(url("/vantu/friends"_s)));
         QVERIFY(finished.wait());
         QVERIFY(tree().contains(expected({"  push button 'Connection Error: try again' focused"}).first()));

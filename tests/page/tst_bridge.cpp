@@ -31,21 +31,18 @@ private slots:
                  "sSubject = 'Spiel für dich', bIsFriend = 1, bShowAdd = 1, bShowEvaluate = 1, iUserId = 'p3',"
                  "sUserName = 'Zoë', sTitle = 'Schöne Spiele', strUserName = 'alice', strPassword = 'p%w',"
                  "blnRememberMe = '1'"_s);
-        QCOMPARE(page->userID, "p12"_s);
+        const QStringList texts{page->userID,           page->strFriendsMessages, page->recommendGameId,
+                                page->recommendSubject, page->_currentUserUid,    page->_currentUserName,
+                                page->_username,        page->_password,          page->_rememberMe};
+        QCOMPARE(
+            texts,
+            QStringList({"p12"_s, "123"_s, "7"_s, "Spiel für dich"_s, "p3"_s, "Zoë"_s, "alice"_s, "p%w"_s, "1"_s}));
         QCOMPARE(page->btnInbox->m_badgeNumber, 3);
         QCOMPARE(page->btnGame->m_badgeNumber, 12);
         QCOMPARE(page->btnFriend->m_badgeNumber, 123);
-        QCOMPARE(page->strFriendsMessages, "123"_s);
-        QCOMPARE(page->recommendGameId, "7"_s);
-        QCOMPARE(page->recommendSubject, "Spiel für dich"_s);
         QCOMPARE(page->lblSubject->text(), "Subject: Spiel für dich"_s);
-        QVERIFY(page->_isFriend && page->_showAdd && page->_showRate);
-        QCOMPARE(page->_currentUserUid, "p3"_s);
-        QCOMPARE(page->_currentUserName, "Zoë"_s);
         QCOMPARE(page->lblWebTitle->text(), "Schöne Spiele"_s);
-        QCOMPARE(page->_username, "alice"_s);
-        QCOMPARE(page->_password, "p%w"_s);
-        QCOMPARE(page->_rememberMe, "1"_s);
+        QVERIFY(page->_isFriend && page->_showAdd && page->_showRate);
     }
 
     void whatAPageDoesNotDefineStays()

@@ -105,18 +105,10 @@ private slots:
     void gesturesCloseTheKeyboardExceptOverAMessage()
     {
         SoftwareKeyboard keyboard;
-        const auto drag = [this] {
-            QWidget *viewport = window->viewport();
-            const QPoint from = window->mapFromScene(QPointF(240, 270));
-            QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, from);
-            for (int step = 1; step <= 5; ++step)
-                QTest::mouseMove(viewport, from + QPoint(0, 20 * step));
-            QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, from + QPoint(0, 100));
-        };
         for (const VantuState state : {Normal, SendEmailState, SendMessageState}) {
             page->state = state;
             keyboard.showInputPanel();
-            drag();
+            Finger(window.get()).drag({240, 270}, {240, 370});
             QCOMPARE(keyboard.isInputPanelVisible(), state == SendMessageState);
         }
     }

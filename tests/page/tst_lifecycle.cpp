@@ -32,45 +32,40 @@ private slots:
         QCOMPARE(page->webView->zoomFactor(), 1.5);
     }
 
-    void failedLoadLeavesAWayOut_data()
-    {
-        const Table<bool> row("byKey");
-        row("tap on the picture", false);
-        row("Return", true);
-    }
-
     void failedLoadLeavesAWayOut()
     {
-        QFETCH(bool, byKey);
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        loadPage("/vantu/friends"_s, "sTitle = 'Friends'"_s);
-        QCOMPARE(shown(), "add web tabs"_s);
-        service->goSilent();
-        QVERIFY(!waitForLoad([this] { page->on_ToggleButtonClicked(3); }));
-        QCOMPARE(shown(), "quit web tabs"_s);
-        QVERIFY(!isLoading());
-        QCOMPARE(page->lblWebTitle->text(), "Friends"_s);
-        QCOMPARE(page->webView->page()->mainFrame()->toPlainText(), QString());
+        for (const bool byKey : {false, true}) {
+            service->isSilent = false;
+            loadPage("/vantu/friends"_s, "sTitle = 'Friends'"_s);
+            QCOMPARE(shown(), "add web tabs"_s);
+            service->isSilent = true;
+            QVERIFY(!waitForLoad([this] { page->on_ToggleButtonClicked(3); }));
+            QCOMPARE(shown(), "quit web tabs"_s);
+            QVERIFY(!isLoading());
+            QCOMPARE(page->lblWebTitle->text(), "Friends"_s);
+            QCOMPARE(page->webView->page()->mainFrame()->toPlainText(), QString());
 
-        // In the page's place stands a picture, which tries again.
-        const auto items = page->webView->childItems();
-        const auto found = std::find_if(items.begin(), items.end(), [](QGraphicsItem *item) {
-            return qobject_cast<RetryButton *>(item->toGraphicsObject()) && item->isVisible();
-        });
-        QVERIFY(found != items.end());
-        const QGraphicsItem *picture = *found;
-        service->comeBack();
-        service->forget();
-        service->answer("/vantu/games"_s, {TestService::page({})});
-        QVERIFY(waitForLoad([&] { byKey ? QTest::keyClick(window.get(), Qt::Key_Return) : click(picture); }));
-        QCOMPARE(service->urls(), QStringList(url("/vantu/games"_s)));
-        QCOMPARE(shown(), "web tabs"_s);
-        QVERIFY(!picture->isVisible());
+            // In the page's place stands a picture, which tries again.
+            const auto items = page->webView->childItems();
+            const auto found = std::find_if(items.begin(), items.end(), [](QGraphicsItem *item) {
+                return qobject_cast<RetryButton *>(item->toGraphicsObject()) && item->isVisible();
+            });
+            QVERIFY(found != items.end());
+            const QGraphicsItem *picture = *found;
+            service->isSilent = false;
+            service->forget();
+            service->answer("/vantu/games"_s, {TestService::page({})});
+            QVERIFY(waitForLoad([&] { byKey ? QTest::keyClick(window.get(), Qt::Key_Return) : click(picture); }));
+            QCOMPARE(service->urls(), QStringList(url("/vantu/games"_s)));
+            QCOMPARE(shown(), "web tabs"_s);
+            QVERIFY(!picture->isVisible());
 
-        // A link that leads nowhere leaves its page in sight.
-        service->goSilent();
-        waitForLoad([this] { page->webView->load(QUrl(url("/vantu/info/"_s))); });
-        QVERIFY(!picture->isVisible());
+            // A link that leads nowhere leaves its page in sight.
+            service->isSilent = true;
+            waitForLoad([this] { page->webView->load(QUrl(url("/vantu/info/"_s))); });
+            QVERIFY(!picture->isVisible());
+        }
     }
 
     void anyKindOfPageCanBeLeft_data()
@@ -165,7 +160,7 @@ private slots:
 
     void twitterPageSwitchesScriptsOff()
     {
-        service->answerUrl("http://twitter.test/share"_s, {TestService::page({})});
+        service->answer("http://twitter.test/share"_s, {TestService::page({})});
         QVector<bool> scripts;
         const auto note = [&] { scripts << isOn(QWebSettings::JavascriptEnabled); };
         connect(page->webView, &QGraphicsWebView::urlChanged, page.get(), note);
@@ -187,7 +182,7 @@ private slots:
     void backFromFacebookLoadsTheOldPage()
     {
         loadPage("/vantu/games/show-game/gid/7"_s);
-        service->answerUrl("http://facebook.test/share"_s, {TestService::page({})});
+        service->answer("http://facebook.test/share"_s, {TestService::page({})});
         page->oldURL = url("/vantu/games/show-game/gid/8"_s);
         visit("http://facebook.test/share"_s);
         service->answer("/vantu/games"_s, {TestService::page({})});

@@ -212,9 +212,9 @@ private:
         else if (kind < 94)
             leave();
         else if (kind < 95)
-            service->goSilent();
+            service->isSilent = true;
         else
-            service->comeBack();
+            service->isSilent = false;
     }
 
     /// Reads on in what the service has heard.

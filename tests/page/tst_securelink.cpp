@@ -2,6 +2,7 @@
 #include "portal.h"
 
 #include <QNetworkProxy>
+#include <QNetworkReply>
 #include <QSslConfiguration>
 #include <QSslKey>
 #include <QSslSocket>
@@ -100,9 +101,8 @@ private slots:
         QVERIFY(finished.wait(10000));
         QCOMPARE(page.btnQuit->isVisible(), !isGood);
         QCOMPARE(page.webView->url(), QUrl(QLatin1String(K_LINK_FRIENDS)));
-        QSignalSpy answered(page.nwAccessMgr, &QNetworkAccessManager::finished);
         page.doSendMessage();
-        QVERIFY(answered.wait(10000));
+        QTRY_VERIFY(page.nwAccessMgr->findChildren<QNetworkReply *>().isEmpty());
 
         page.webView->page()->mainFrame()->evaluateJavaScript("location = 'http://vantu.test/vantu/'"_s);
         QVERIFY(finished.wait(10000));

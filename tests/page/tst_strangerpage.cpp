@@ -119,7 +119,7 @@ private slots:
     {
         QFETCH(QString, body);
         service->answer("/away"_s, {{}, 302, "http://other.test/"});
-        service->answerUrl("http://other.test/"_s, {R"(<body><script>
+        service->answer("http://other.test/"_s, {R"(<body><script>
             var sTitle = 'stranger', sUserUid = 'stranger';
             var frame = document.createElement('iframe');
             document.body.appendChild(frame);

@@ -77,11 +77,6 @@ private:
     MTextEdit *m_field;
 };
 
-QPointF centreOf(const QGraphicsItem *item)
-{
-    return item->sceneBoundingRect().center();
-}
-
 using End = std::function<void(Question &)>;
 
 } // namespace
@@ -101,7 +96,7 @@ private slots:
     {
         const Table<int, End> row("result", "end");
         const auto tap = [this](const char *text) -> End {
-            return [this, text](Question &question) { m_stage->finger.tap(centreOf(question.button(text))); };
+            return [this, text](Question &question) { m_stage->finger.tap(question.button(text)); };
         };
         const auto type = [this](Qt::Key key) -> End {
             return [this, key](Question &) { QTest::keyClick(&m_stage->window, key); };
@@ -235,8 +230,7 @@ private slots:
             connect(question, &MSceneWindow::disappeared, this, [&question] { delete question; });
             question->appear(&m_stage->window);
             QTRY_VERIFY(question->hasAppeared());
-            byTap ? m_stage->finger.tap(centreOf(question->button("OK")))
-                  : QTest::keyClick(&m_stage->window, Qt::Key_Return);
+            byTap ? m_stage->finger.tap(question->button("OK")) : QTest::keyClick(&m_stage->window, Qt::Key_Return);
             QVERIFY(!question);
             m_stage->finger.tap({5, 5});
         }

@@ -313,6 +313,24 @@ private slots:
         QVERIFY(m_emma->holds(L1("Emma Lindqvist")));
     }
 
+    void visitorsEndNobodysSession()
+    {
+        for (int i = 0; i < 500; ++i)
+            QVERIFY(m_service->exchange("GET /vantu/ HTTP/1.0\r\n\r\n").contains("Set-Cookie: vantu_session="));
+        QVERIFY(m_emma->open(L1("/vantu/friends")));
+        QCOMPARE(m_emma->path(), L1("/vantu/friends"));
+    }
+
+    void headChangesNothing()
+    {
+        QVERIFY(m_emma
+                    ->evaluate(
+                        L1("var head = new XMLHttpRequest; head.open('HEAD', '/vantu/friends/delete-friend/uid/u102',"
+                           " false); head.send(); head.status == 200"))
+                    .toBool());
+        QCOMPARE(m_emma->variable(L1("bIsFriend"), L1("/vantu/account/index/uid/u102")), L1("1"));
+    }
+
     void brokenPageDoesNotArrive() { QVERIFY(!m_emma->open(L1("/vantu/broken"))); }
 
     void answersByWhatIsPosted_data()

@@ -120,30 +120,6 @@ private slots:
         QVERIFY(old.errors().contains(L1("another version")));
     }
 
-    void visitorsEndNobodysSession()
-    {
-        RunningService service;
-        Visitor emma(service.root());
-        QVERIFY(emma.start(L1("EN"), L1("emma"), L1("emma123")));
-        for (int i = 0; i < 500; ++i)
-            QVERIFY(service.exchange("GET /vantu/ HTTP/1.0\r\n\r\n").contains("Set-Cookie: vantu_session="));
-        QVERIFY(emma.open(L1("/vantu/friends")));
-        QCOMPARE(emma.path(), L1("/vantu/friends"));
-    }
-
-    void headChangesNothing()
-    {
-        RunningService service;
-        Visitor emma(service.root());
-        QVERIFY(emma.start(L1("EN"), L1("emma"), L1("emma123")));
-        QVERIFY(
-            emma.evaluate(L1("var head = new XMLHttpRequest; head.open('HEAD', '/vantu/friends/delete-friend/uid/u102',"
-                             " false); head.send(); head.status == 200"))
-                .toBool());
-        QVERIFY(emma.open(L1("/vantu/account/index/uid/u102")));
-        QCOMPARE(emma.variable(L1("bIsFriend")), L1("1"));
-    }
-
     void answersByTheRequest_data()
     {
         const Table<QByteArray, QByteArray> row("request", "status");

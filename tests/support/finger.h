@@ -55,6 +55,8 @@ public:
         release();
     }
 
+    void tap(const QGraphicsItem *item) { tap(item->sceneBoundingRect().center()); }
+
     void drag(const QPointF &from, const QPointF &to, int steps = 4)
     {
         press(from);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "addresswidget.h"
+#include "finger.h"
 #include "globaldefine.h"
 #include "mybutton.h"
 #include "myqwebview.h"
@@ -21,11 +22,12 @@
 #include <QWebHistory>
 #include <QWebSettings>
 
-/// Runs a test class in the application the companion runs in.
+/// Runs a test class in the application the companion runs in, without what that says of itself.
 #define PORTAL_TEST_MAIN(TestClass)                                                                                    \
     int main(int argc, char **argv)                                                                                    \
     {                                                                                                                  \
         MApplication application(argc, argv);                                                                          \
+        QLoggingCategory::setFilterRules("default.debug=false"_s);                                                     \
         TestClass test;                                                                                                \
         return QTest::qExec(&test, argc, argv);                                                                        \
     }
@@ -88,11 +90,7 @@ protected:
         load(path, TestService::page(variables, body));
     }
 
-    void click(const QGraphicsItem *item)
-    {
-        const QPoint centre = window->mapFromScene(item->sceneBoundingRect().center());
-        QTest::mouseClick(window->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    }
+    void click(const QGraphicsItem *item) { Finger(window.get()).tap(item); }
 
     QVariant evaluate(const QString &script) { return page->webView->page()->mainFrame()->evaluateJavaScript(script); }
 

@@ -27,10 +27,8 @@ TestService::TestService()
         const QString method = QString::fromStdString(request.method);
         const QString url = QString::fromStdString(request.target);
         Answer answer;
-        bool isSilent = false;
         {
             const QMutexLocker lock(&mutex);
-            isSilent = silent;
             seen.append({method, url, bytes(request.get_header_value("Content-Type")),
                          bytes(request.get_header_value("Cookie")), bytes(request.get_header_value("Referer")),
                          bytes(request.body)});
@@ -65,27 +63,10 @@ TestService::~TestService()
     thread.join();
 }
 
-void TestService::answer(const QString &path, const Answer &answer)
-{
-    answerUrl(QLatin1String(K_SERVICE_ROOT) + path, answer);
-}
-
-void TestService::answerUrl(const QString &url, const Answer &answer)
+void TestService::answer(const QString &address, const Answer &answer)
 {
     const QMutexLocker lock(&mutex);
-    answers.insert(url, answer);
-}
-
-void TestService::goSilent()
-{
-    const QMutexLocker lock(&mutex);
-    silent = true;
-}
-
-void TestService::comeBack()
-{
-    const QMutexLocker lock(&mutex);
-    silent = false;
+    answers.insert(address.startsWith(QLatin1Char('/')) ? QLatin1String(K_SERVICE_ROOT) + address : address, answer);
 }
 
 QList<TestService::Request> TestService::requests(const QString &method) const

@@ -7,6 +7,7 @@
 #include <QMutex>
 #include <QString>
 
+#include <atomic>
 #include <memory>
 #include <thread>
 
@@ -39,13 +40,10 @@ public:
     ~TestService();
     Q_DISABLE_COPY(TestService)
 
-    /// Answers @p path, under the service's root and whatever its query, from now on.
-    void answer(const QString &path, const Answer &answer);
-    /// Answers a full URL, of any host.
-    void answerUrl(const QString &url, const Answer &answer);
-    /// From now on connections are dropped without an answer.
-    void goSilent();
-    void comeBack();
+    /// Answers @p address, a path under the service's root or a full URL of any host, whatever its query, from now on.
+    void answer(const QString &address, const Answer &answer);
+
+    std::atomic<bool> isSilent{false}; ///< connections are dropped without an answer
 
     /// All requests so far, or those with @p method.
     QList<Request> requests(const QString &method = QString()) const;
@@ -60,7 +58,6 @@ private:
     mutable QMutex mutex;
     QHash<QString, Answer> answers;
     QList<Request> seen;
-    bool silent = false;
     std::unique_ptr<httplib::Server> server;
     std::thread thread;
 };
