@@ -233,6 +233,11 @@ bool MTextEdit::eventFilter(QObject *watched, QEvent *event)
             MInputMethodState::requestSoftwareInputPanel();
         if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
             update();
+        // Qt 6 keeps releases for itself, and asks for the keyboard at each.
+        if (m_line && event->type() == QEvent::KeyRelease) {
+            event->ignore();
+            return true;
+        }
     }
     return MWidget::eventFilter(watched, event);
 }
