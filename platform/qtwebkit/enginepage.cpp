@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "enginepage.h"
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -16,12 +17,15 @@
 #include <vector>
 
 #include <csignal>
+#include <ctime>
 
 namespace {
 
 // Milliseconds.
-constexpr int ANSWER_PATIENCE = 1500;
+constexpr int ANSWER_PATIENCE = 1500; ///< with a page that computes
+constexpr int LONGEST_PATIENCE = 10000; ///< with one that does not get to it: the machine is busy, or the page waits
 constexpr int RENDERER_PATIENCE = 3000;
+constexpr int GLANCE = 100;
 
 // Runs before the scripts of a document. Whatever it needs later it takes with it, since they may put their own in its
 // place. The engine lets scripts wait for nothing but its own dialogs, so a prompt is what carries a call.
@@ -112,6 +116,16 @@ QJsonArray callableMethods(const QMetaObject &type)
         methods.append(QJsonArray({QString::fromLatin1(method.name()), i, kinds}));
     }
     return methods;
+}
+
+/// Processor time that a process has had (milliseconds).
+double processorTime(qint64 pid)
+{
+    clockid_t clock = 0;
+    timespec time = {};
+    if (clock_getcpuclockid(static_cast<pid_t>(pid), &clock) != 0 || clock_gettime(clock, &time) != 0)
+        return 0;
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 QWebEngineScript scriptAtCreation(const QString &source, QWebEngineScript::ScriptWorldId world, bool inFrames)
@@ -372,8 +386,13 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     const auto answer = std::make_shared<Answer>();
     const QPointer<EnginePage> self(this);
     QEventLoop loop;
-    QTimer patience;
-    connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
+    QTimer glance;
+    const QDeadlineTimer patience(LONGEST_PATIENCE);
+    const double begin = processorTime(renderProcessPid());
+    connect(&glance, &QTimer::timeout, &loop, [&] {
+        if (patience.hasExpired() || !self || processorTime(renderProcessPid()) - begin >= ANSWER_PATIENCE)
+            loop.quit();
+    });
     connect(this, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     answer->waiting = &loop;
@@ -388,7 +407,7 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     });
     m_unanswered = 0;
     if (!answer->isThere) {
-        patience.start(ANSWER_PATIENCE);
+        glance.start(GLANCE);
         loop.exec(QEventLoop::ExcludeUserInputEvents);
         if (self && !answer->isThere && renderProcessPid() != 0)
             m_unanswered = 1;
