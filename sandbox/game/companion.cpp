@@ -57,7 +57,7 @@ Companion::~Companion()
 
 void Companion::start(const QString &program, const QStringList &arguments)
 {
-    m_process.start(program, arguments, QIODevice::NotOpen);
+    m_process.start(program, arguments, QIODevice::ReadOnly);
     // Only now: a signal that came earlier waits until there is a companion to hear it.
     const auto *notifier = new QSocketNotifier(m_signals, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &Companion::forwardSignal);
