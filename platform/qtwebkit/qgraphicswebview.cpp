@@ -9,6 +9,8 @@
 #include <QGraphicsSceneWheelEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QQuickItem>
+#include <QQuickWidget>
 #include <QQuickWindow>
 #include <QWebEngineView>
 
@@ -123,6 +125,11 @@ void QGraphicsWebView::setPage(QWebPage *page)
     connect(&engine, &EnginePage::loadBegins, this, &QGraphicsWebView::loadStarted);
     connect(&engine, &EnginePage::loadEnds, this, &QGraphicsWebView::loadFinished);
     connect(&engine, &EnginePage::addressChanged, this, &QGraphicsWebView::urlChanged);
+    connect(&engine, &EnginePage::addressChanged, this, [this] {
+        // A new page may come in a new surface, which has not heard of the focus.
+        if (hasFocus())
+            sendFocus(QEvent::FocusIn);
+    });
     connect(&engine, &QWebEnginePage::titleChanged, this, [this] { emit titleChanged(title()); });
 }
 
@@ -221,6 +228,20 @@ void QGraphicsWebView::sendToEngine(QEvent *event)
         QCoreApplication::sendEvent(target, event);
 }
 
+/// To what shows the page inside the engine's surface, which itself passes a focus on only while its own window has it:
+/// in a scene that window never does. The reason is kept back: at Tab's the engine would go to the first link at once.
+void QGraphicsWebView::sendFocus(QEvent::Type type)
+{
+    const auto *surface = qobject_cast<QQuickWidget *>(m_view->focusProxy());
+    if (!surface)
+        return;
+    QQuickItem *item = surface->quickWindow()->contentItem();
+    while (!item->childItems().isEmpty())
+        item = item->childItems().constFirst();
+    QFocusEvent event(type);
+    QCoreApplication::sendEvent(item, &event);
+}
+
 void QGraphicsWebView::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     event->accept();
@@ -305,14 +326,14 @@ QVariant QGraphicsWebView::inputMethodQuery(Qt::InputMethodQuery query) const
     return answer;
 }
 
-void QGraphicsWebView::focusInEvent(QFocusEvent *event)
+void QGraphicsWebView::focusInEvent(QFocusEvent *)
 {
-    sendToEngine(event);
+    sendFocus(QEvent::FocusIn);
 }
 
-void QGraphicsWebView::focusOutEvent(QFocusEvent *event)
+void QGraphicsWebView::focusOutEvent(QFocusEvent *)
 {
-    sendToEngine(event);
+    sendFocus(QEvent::FocusOut);
 }
 
 bool QGraphicsWebView::focusNextPrevChild(bool next)

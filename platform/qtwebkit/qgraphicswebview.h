@@ -71,6 +71,7 @@ private:
     void sendMouse(QEvent::Type type, const QPointF &position, Qt::KeyboardModifiers modifiers);
     bool takesKey(const QKeyEvent &event);
     void sendToEngine(QEvent *event);
+    void sendFocus(QEvent::Type type);
 
     mutable QWebPage *m_page = nullptr;
     EngineView *m_view = nullptr;
