@@ -3,9 +3,7 @@
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QMetaMethod>
 #include <QScopedValueRollback>
 #include <QUuid>
@@ -27,27 +25,39 @@ constexpr int LONGEST_PATIENCE = 10000; ///< with one that does not get to it: t
 constexpr int RENDERER_PATIENCE = 3000;
 constexpr int GLANCE = 100;
 
+// A policy counts once it has stood in a document's head; the parser makes a head of its own.
+const char POLICY[] = R"(function setPolicy(attribute, name, content) {
+    const policy = document.createElement('meta');
+    policy[attribute] = name;
+    policy.content = content;
+    const hadRoot = document.documentElement !== null;
+    const root = document.documentElement || document.appendChild(document.createElement('html'));
+    const head = root.appendChild(document.createElement('head'));
+    head.append(policy);
+    head.remove();
+    if (!hadRoot)
+        root.remove();
+})";
+
 // Runs before the scripts of a document. Whatever it needs later it takes with it, since they may put their own in its
-// place. The engine lets scripts wait for nothing but its own dialogs, so a prompt is what carries a call.
+// place. The engine lets scripts wait for nothing but its own dialogs, so a prompt is what carries calls: those of a
+// script together when it ends, since each prompt is a trip to another process.
 const char BRIDGE[] = R"((function() {
     const secret = '%1', ask = window.prompt.bind(window), write = JSON.stringify, text = String;
+    const atEndOfScript = window.queueMicrotask.bind(window), mostCalls = 10000;
     const convert = {s: value => value === null || value === undefined ? '' : text(value), n: Number, b: Boolean};
     const commit = JSON.parse(ask(secret, write({url: location.href})) || '{}');
-    if (commit.scriptless) {
-        const policy = document.createElement('meta');
-        policy.httpEquiv = 'Content-Security-Policy';
-        policy.content = "script-src 'none'";
-        // A policy counts once it has stood in a document's head; the parser makes a head of its own.
-        const hadRoot = document.documentElement !== null;
-        const root = document.documentElement || document.appendChild(document.createElement('html'));
-        const head = root.appendChild(document.createElement('head'));
-        head.append(policy);
-        head.remove();
-        if (!hadRoot)
-            root.remove();
-    }
+    if (commit.scriptless)
+        setPolicy('httpEquiv', 'Content-Security-Policy', "script-src 'none'");
     for (const script of commit.scripts || [])
         (0, eval)(script);
+    let calls = [];
+    function send() {
+        const waiting = calls;
+        calls = [];
+        if (waiting.length > 0)
+            ask(secret, write({calls: waiting}));
+    }
     let depth = 0; // A value that is made a text may call from its toString(), for ever.
     for (const name in commit.objects) {
         const object = {};
@@ -65,7 +75,10 @@ const char BRIDGE[] = R"((function() {
                             throw new TypeError('An argument of ' + method + ' cannot come from a script');
                         values[i] = convert[types[i]](arguments[i]);
                     }
-                    ask(secret, write({object: name, method: index, values: values}));
+                    if (calls.push({object: name, method: index, values: values}) >= mostCalls)
+                        send();
+                    else if (calls.length == 1)
+                        atEndOfScript(send);
                 } finally {
                     --depth;
                 }
@@ -73,11 +86,17 @@ const char BRIDGE[] = R"((function() {
         }
         window[name] = object;
     }
+    %2
 })())";
 
-// Apart from the page's scripts: the end of a press that was none stays unseen (it is sent from far outside).
-const char QUIET_RELEASE[] = R"(['mouseup', 'pointerup', 'click'].forEach(name =>
-    window.addEventListener(name, event => { if (event.clientX < -9000) event.stopImmediatePropagation(); }, true)))";
+// Apart from the page's scripts, also in frames: no other host learns where a request comes from, and the end of a
+// press that was none stays unseen (it is sent from far outside).
+const char DISCRETION[] = R"((function() {
+    setPolicy('name', 'referrer', 'same-origin');
+    ['mouseup', 'pointerup', 'click'].forEach(name => window.addEventListener(name,
+        event => { if (event.clientX < -9000) event.stopImmediatePropagation(); }, true));
+    %1
+})())";
 
 /// How a script's value becomes an argument: s text, n number, b truth, anything else not at all.
 char argumentKind(const QMetaMethod &method, int parameter)
@@ -153,8 +172,11 @@ EnginePage::EnginePage(QWebPage &page, QWebEngineProfile *profile)
           QWebEngineSettings::FocusOnNavigationEnabled, QWebEngineSettings::NavigateOnDropEnabled})
         settings()->setAttribute(attribute, false);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
-    scripts().insert(scriptAtCreation(QString::fromLatin1(BRIDGE).arg(m_secret), QWebEngineScript::MainWorld, false));
-    scripts().insert(scriptAtCreation(QString::fromLatin1(QUIET_RELEASE), QWebEngineScript::ApplicationWorld, true));
+    const QString policy = QString::fromLatin1(POLICY);
+    scripts().insert(
+        scriptAtCreation(QString::fromLatin1(BRIDGE).arg(m_secret, policy), QWebEngineScript::MainWorld, false));
+    scripts().insert(
+        scriptAtCreation(QString::fromLatin1(DISCRETION).arg(policy), QWebEngineScript::ApplicationWorld, true));
 
     connect(this, &QWebEnginePage::loadingChanged, this, &EnginePage::onLoading);
     connect(this, &QWebEnginePage::urlChanged, this, &EnginePage::onEngineUrl);
@@ -445,9 +467,12 @@ bool EnginePage::javaScriptPrompt(const QUrl &, const QString &message, const QS
     ++m_callDepth;
     const QJsonObject request = QJsonDocument::fromJson(suggested.toUtf8()).object();
     const QUrl url(request.value(QLatin1String("url")).toString());
-    if (request.contains(QLatin1String("method")))
-        call(suggested);
-    else if (url.scheme() != QLatin1String("chrome-error"))
+    const QJsonArray calls = request.value(QLatin1String("calls")).toArray();
+    for (const QJsonValue &fields : calls) {
+        if (self)
+            call(fields.toObject());
+    }
+    if (calls.isEmpty() && url.scheme() != QLatin1String("chrome-error"))
         commit(url);
     if (!self)
         return false;
@@ -469,9 +494,8 @@ QString EnginePage::commitAnswer()
     return QString::fromUtf8(QJsonDocument(answer).toJson(QJsonDocument::Compact));
 }
 
-void EnginePage::call(const QString &request)
+void EnginePage::call(const QJsonObject &fields)
 {
-    const QJsonObject fields = QJsonDocument::fromJson(request.toUtf8()).object();
     QObject *object = m_objects.value(fields.value(QLatin1String("object")).toString());
     if (!object || !webSettings.testAttribute(QWebSettings::JavascriptEnabled))
         return;

