@@ -3,6 +3,7 @@
 
 #include "testing.h"
 
+#include <QGraphicsItem>
 #include <QGraphicsView>
 #include <QMouseEvent>
 #include <QWheelEvent>
