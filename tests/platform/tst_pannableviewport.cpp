@@ -115,8 +115,9 @@ private slots:
         QVERIFY(!panel.buttons.at(6)->isDown());
         // Back on the button that was pressed: the finger pans, whatever lies under it.
         stage.dragSlowly(onThirdRow, onFirstRow);
-        const qreal position = panel.viewport->position();
-        QVERIFY2(position > 60 && position <= 100, qPrintable(QString::number(position)));
+        // The content follows with the scroller's next frame.
+        QTRY_VERIFY2(panel.viewport->position() > 60, qPrintable(QString::number(panel.viewport->position())));
+        QVERIFY(panel.viewport->position() <= 100);
         stage.finger.release();
         QVERIFY(panel.clicks.isEmpty());
         QVERIFY(!stage.window.scene()->mouseGrabberItem());
@@ -125,7 +126,7 @@ private slots:
         QScroller::scroller(panel.viewport)->stop();
         panel.viewport->setPosition(0);
         stage.dragSlowly(QPointF(468, 180), QPointF(468, 100));
-        QVERIFY(panel.viewport->position() > 0);
+        QTRY_VERIFY(panel.viewport->position() > 0);
         stage.finger.release();
     }
 
