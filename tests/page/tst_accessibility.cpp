@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "portal.h"
 
+#include <QAccessible>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -213,6 +214,35 @@ private slots:
         press("OK");
         QTRY_COMPARE(page->addrWidget->getAllAddress(), QStringList("ben@example.org"_s));
         page->closeSendEmailPage();
+    }
+
+    void tellsWhatChanges()
+    {
+        QTRY_VERIFY(!isLoading()); // The composer's last page is on its way still.
+        static QStringList told;
+        const auto toldBy = [](const auto &change) {
+            told.clear();
+            change();
+            return told.join(QLatin1Char(','));
+        };
+        QAccessible::installUpdateHandler([](QAccessibleEvent *event) {
+            const QString name = event->accessibleInterface()->text(QAccessible::Name);
+            told << QLatin1String(qAccessibleEventString(event->type())) + QLatin1Char(' ') + name;
+        });
+        const auto handled = qScopeGuard([] { QAccessible::installUpdateHandler(nullptr); });
+        page->btnHome->setChecked(true);
+        QCOMPARE(toldBy([&] { page->btnFriend->setChecked(true); }),
+                 "StateChanged Friends,SelectionAdd Friends,StateChanged Home,SelectionRemove Home"_s);
+        QCOMPARE(toldBy([&] { page->getInboxMessages("5"_s); }), "NameChanged Inbox, 5"_s);
+        QCOMPARE(toldBy([&] { page->showTitle("News"_s); }), "NameChanged News"_s);
+        QCOMPARE(toldBy([&] { page->btnAdd->show(); }), "ObjectShow Add friends"_s);
+        QCOMPARE(toldBy([&] { page->btnAdd->setFocus(); }), "Focus Add friends"_s);
+        QCOMPARE(toldBy([&] { page->btnAdd->hide(); }), "ObjectHide Add friends"_s);
+        QCOMPARE(toldBy([&] { page->on_SelectButtonClicked(5); }),
+                 "NameChanged Interact,ObjectShow Interact,Focus Interact"_s);
+        QCOMPARE(toldBy([&] { QTest::keyClick(window.get(), Qt::Key_Down); }), "Focus Send Message"_s);
+        QCOMPARE(toldBy([&] { QTest::keyClick(window.get(), Qt::Key_Escape); }), "ObjectHide Interact"_s);
+        QVERIFY(toldBy([&] { load("/vantu/info/"_s, "<title>About</title>"); }).contains("NameChanged About"_s));
     }
 
     void pictureInThePlaceOfAPage()

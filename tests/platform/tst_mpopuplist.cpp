@@ -55,7 +55,13 @@ private slots:
     void tapPicksARow()
     {
         QFETCH(Finger::Kind, kind);
-        Finger(&m_stage->window, kind).tap(centreOf(1));
+        Finger finger(&m_stage->window, kind);
+        const QImage before = m_stage->picture();
+        QSignalSpy redrawn(m_stage->window.scene(), &QGraphicsScene::changed);
+        finger.press(centreOf(1));
+        QTRY_VERIFY(!redrawn.isEmpty());
+        QVERIFY(m_stage->picture() != before);
+        finger.release();
         QCOMPARE(m_picked, QStringList{"1"_s});
         QVERIFY(!m_list->isOnDisplay());
     }

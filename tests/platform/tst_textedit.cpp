@@ -86,6 +86,8 @@ private slots:
         QCOMPARE(kept(MTextEditModel::MultiLine, special), special);
         QCOMPARE(kept(MTextEditModel::MultiLine, lines), lines);
         QCOMPARE(kept(MTextEditModel::SingleLine, "a\nb"_s), "a b"_s);
+        QVERIFY(MTextEdit(MTextEditModel::SingleLine).preferredHeight()
+                < MTextEdit(MTextEditModel::MultiLine).preferredHeight());
     }
 
     void returnGoesOnToTheParent_data() { addLineModes(); }

@@ -125,6 +125,22 @@ private slots:
         }
     }
 
+    void textIsNarrowedAsNeededAndCut()
+    {
+        const QRect room(10, 0, 110, 40); // without the margins
+        MButton bare;
+        bare.resize(130, 40);
+        QString text = "n"_s;
+        while (QFontMetrics(bare.font()).horizontalAdvance(text) < room.width())
+            text += "n"_s;
+        for (const QString &shown : {text + "n"_s, text.repeated(3)}) {
+            MButton button(shown);
+            button.resize(130, 40);
+            const QRect letters = difference(drawn(&button), drawn(&bare));
+            QVERIFY(room.contains(letters) && letters.width() > room.width() * 9 / 10);
+        }
+    }
+
     void commandIsPlacedByLayoutsOnly()
     {
         QGraphicsScene scene;
