@@ -3,11 +3,9 @@
 
 #include "globaldefine.h"
 
-#include <QRegularExpression>
-#include <QStringList>
 #include <QUrl>
 
-#include <utility>
+#include <array>
 
 const char *const errorSentences[errorSentenceCount] = {
     u8"An error has occurred inside the application", u8"Une erreur est survenue dans l'application",
@@ -50,6 +48,35 @@ bool isSameOrigin(const QUrl &one, const QUrl &other)
     return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
 }
 
+namespace {
+
+/// Whether @p word (lower case, ASCII) may stand in @p text for a search that ignores case. A letter of it may stand
+/// there in a guise that only the search sees through, and between two letters there may be what the search skips:
+/// neither is printable ASCII. By the bitap algorithm.
+bool mayHoldWord(const QString &text, const char *word)
+{
+    std::array<unsigned, 128> placesOf{}; // bit i: the letter is the word's i-th
+    int length = 0;
+    for (; word[length]; ++length) {
+        const auto letter = static_cast<unsigned char>(word[length]);
+        placesOf[letter] |= 1U << length;
+        placesOf[letter - ('a' - 'A')] |= 1U << length;
+    }
+    unsigned found = 1; // bit i: the word's first i letters end here
+    for (const QChar character : text) {
+        const ushort code = character.unicode();
+        if (code > '~')
+            found |= found << 1;
+        else if (code >= ' ')
+            found = (found & placesOf[code]) << 1 | 1;
+        if (found >> length & 1)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 bool isServiceUrl(const QUrl &url)
 {
     return isSameOrigin(url, QUrl(QLatin1String(K_SERVICE_ROOT)));
@@ -57,20 +84,8 @@ bool isServiceUrl(const QUrl &url)
 
 bool mayHoldErrorSentence(const QString &text)
 {
-    // Each sentence holds one of these words. A letter of it may stand in the text in a guise that only the search sees
-    // through, and between two letters there may be what the search skips: neither is plain ASCII.
-    static const QRegularExpression word = [] {
-        QStringList words{QStringLiteral("error"), QStringLiteral("erreur"), QStringLiteral("fehler")};
-        for (QString &letters : words) {
-            QStringList pattern;
-            for (const QChar letter : std::as_const(letters))
-                pattern.append(QStringLiteral("[%1%2\\x{80}-\\x{10ffff}]").arg(letter).arg(letter.toUpper()));
-            letters = pattern.join(QStringLiteral("[^ -~]*"));
-        }
-        return QRegularExpression(words.join(QLatin1Char('|')));
-    }();
-    const QRegularExpressionMatch match = word.match(text);
-    return match.hasMatch() || !match.isValid();
+    // Each sentence holds one of these words.
+    return mayHoldWord(text, "error") || mayHoldWord(text, "erreur") || mayHoldWord(text, "fehler");
 }
 
 bool isRefused(const QUrl &url)
