@@ -18,6 +18,20 @@ QString firstLine(const QString &path)
     return QString::fromUtf8(file.read(256).split('\0').first().split('\n').first()).simplified();
 }
 
+/// @p model, unless it is what makers leave in the tables when they do not fill them in: then empty.
+QString withoutPlaceHolder(const QString &model)
+{
+    static const QLatin1String fillers[] = {
+        QLatin1String("To Be Filled By O.E.M."), QLatin1String("System Product Name"), QLatin1String("Default string"),
+        QLatin1String("Not Specified"),          QLatin1String("Not Applicable"),      QLatin1String("None"),
+    };
+    for (const QLatin1String &filler : fillers) {
+        if (model.compare(filler, Qt::CaseInsensitive) == 0)
+            return QString();
+    }
+    return model;
+}
+
 } // namespace
 
 QString DeviceIdentity::countryOfLocale(const QString &localeName)
@@ -35,19 +49,6 @@ QString DeviceIdentity::hardwareModel(const QString &root)
             return name;
     }
     return QString();
-}
-
-QString DeviceIdentity::withoutPlaceHolder(const QString &model)
-{
-    static const QLatin1String fillers[] = {
-        QLatin1String("To Be Filled By O.E.M."), QLatin1String("System Product Name"), QLatin1String("Default string"),
-        QLatin1String("Not Specified"),          QLatin1String("Not Applicable"),      QLatin1String("None"),
-    };
-    for (const QLatin1String &filler : fillers) {
-        if (model.compare(filler, Qt::CaseInsensitive) == 0)
-            return QString();
-    }
-    return model;
 }
 
 QString DeviceIdentity::appSpecificId(const QByteArray &machineId)

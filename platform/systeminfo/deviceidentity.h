@@ -14,9 +14,6 @@ QString countryOfLocale(const QString &localeName);
 /// left the place-holder in.
 QString hardwareModel(const QString &root = QStringLiteral("/sys"));
 
-/// @p model, unless it is what makers leave in the tables when they do not fill them in: then empty.
-QString withoutPlaceHolder(const QString &model);
-
 /// An identifier derived from @p machineId that cannot be traced back to it, nor compared with what other applications
 /// derive: 32 hexadecimal digits. Empty for an empty machine id.
 QString appSpecificId(const QByteArray &machineId);

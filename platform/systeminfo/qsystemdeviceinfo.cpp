@@ -2,7 +2,7 @@
 #include "qsystemdeviceinfo.h"
 
 #include "deviceidentity.h"
-#include "devicevalues.h"
+#include "modem.h"
 
 #include <QSysInfo>
 
@@ -13,12 +13,11 @@ QSystemDeviceInfo::QSystemDeviceInfo(QObject *parent)
 
 QString QSystemDeviceInfo::model() const
 {
-    const QString model = DeviceIdentity::withoutPlaceHolder(DeviceValues::model());
-    return model.isEmpty() ? DeviceIdentity::hardwareModel() : model;
+    return DeviceIdentity::hardwareModel();
 }
 
 QString QSystemDeviceInfo::imei() const
 {
-    const QString imei = DeviceValues::imei();
+    const QString imei = currentModem().imei;
     return imei.isEmpty() ? DeviceIdentity::appSpecificId(QSysInfo::machineUniqueId()) : imei;
 }

@@ -2,8 +2,8 @@
 #include "qsysteminfo.h"
 
 #include "deviceidentity.h"
-#include "devicevalues.h"
 #include "mobilecountry.h"
+#include "modem.h"
 
 #include <QLocale>
 #include <QSysInfo>
@@ -15,17 +15,12 @@ QSystemInfo::QSystemInfo(QObject *parent)
 
 QString QSystemInfo::currentCountryCode() const
 {
-    const QString country = countryOfMobileCode(DeviceValues::mobileCountryCode());
+    const QString country = countryOfMobileCode(currentModem().operatorCode.left(3));
     return country.isEmpty() ? DeviceIdentity::countryOfLocale(QLocale::system().name()) : country;
 }
 
-QString QSystemInfo::version(Version type) const
+QString QSystemInfo::version(Version) const
 {
-    if (type == Firmware) {
-        // Where nothing is known of a firmware, the release of the kernel is given for it, which it is not.
-        const QString firmware = DeviceValues::firmware();
-        if (!firmware.isEmpty() && firmware != QSysInfo::kernelVersion())
-            return firmware;
-    }
-    return DeviceValues::systemVersion();
+    // The kernel tells of no firmware that would name the device's software as a whole.
+    return QSysInfo::productVersion();
 }

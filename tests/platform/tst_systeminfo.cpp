@@ -1,7 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "deviceidentity.h"
 #include "mobilecountry.h"
+#include "modem.h"
 #include "testing.h"
+
+#include <QDBusConnection>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+
+using Interfaces = QMap<QString, QVariantMap>;
+using ManagedObjects = QMap<QDBusObjectPath, Interfaces>;
+Q_DECLARE_METATYPE(Interfaces)
+Q_DECLARE_METATYPE(ManagedObjects)
+
+namespace {
+
+/// A second modem, which is a phone's: the first is a fax machine's and registers nowhere.
+class ModemManager : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.DBus.ObjectManager")
+
+public slots:
+    ManagedObjects GetManagedObjects() const
+    {
+        const QString inGeneral = "org.freedesktop.ModemManager1.Modem"_s;
+        const QVariantMap phone{{"Imei"_s, "490154203237518"_s}, {"OperatorCode"_s, "26201"_s}};
+        return {{QDBusObjectPath("/Modem/0"_s), {{inGeneral, {{"Model"_s, "Fax"_s}}}}},
+                {QDBusObjectPath("/Modem/1"_s), {{inGeneral, {}}, {inGeneral + ".Modem3gpp"_s, phone}}}};
+    }
+};
+
+} // namespace
 
 class SystemInfoTest : public QObject {
     Q_OBJECT
@@ -30,6 +59,21 @@ private slots:
         QCOMPARE(countryOfMobileCode("316"_s), "US"_s);
         QCOMPARE(countryOfMobileCode("203"_s), QString());
         QCOMPARE(countryOfMobileCode("abc"_s), QString());
+    }
+
+    void identityOfTheModem()
+    {
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+        QVERIFY(currentModem().imei.isEmpty());
+        qDBusRegisterMetaType<Interfaces>();
+        qDBusRegisterMetaType<ManagedObjects>();
+        // On the connection that asks, or the one that waits for the answer could not give it.
+        QDBusConnection bus = QDBusConnection::systemBus();
+        ModemManager manager;
+        QVERIFY(bus.registerObject("/org/freedesktop/ModemManager1"_s, &manager, QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService("org.freedesktop.ModemManager1"_s));
+        QCOMPARE(currentModem().imei, "490154203237518"_s);
+        QCOMPARE(currentModem().operatorCode, "26201"_s);
     }
 
     void modelOfTheHardware()
