@@ -20,13 +20,14 @@ inline constexpr Budget firstRequest = {Budget::Ratio, 1.06};
 inline constexpr Budget loaded = {Budget::Ratio, 1.04};
 inline constexpr Budget memory = {Budget::Ratio, 1.06};
 inline constexpr Budget dragStep = {Budget::Ratio, 1.3};
+inline constexpr Budget loadEnd = {Budget::Absolute, 2};
 #else
 inline constexpr Budget firstRequest = {Budget::Ratio, 1.12};
 inline constexpr Budget loaded = {Budget::Ratio, 1.12};
 inline constexpr Budget memory = {Budget::Ratio, 1.05};
 inline constexpr Budget dragStep = {Budget::Difference, 16};
+inline constexpr Budget loadEnd = {}; // The scripts run in another process.
 #endif
-inline constexpr Budget loadEnd = {Budget::Absolute, 2};
 inline constexpr Budget painting = {Budget::Absolute, 50};
 } // namespace Budgets
 
