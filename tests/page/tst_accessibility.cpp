@@ -11,38 +11,28 @@
 
 namespace {
 
-/// Something on the bus of the screen readers.
-struct Thing {
-    QString service;
-    QString path;
-};
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, Thing &thing)
-{
-    QDBusObjectPath path;
-    argument.beginStructure();
-    argument >> thing.service >> path;
-    argument.endStructure();
-    thing.path = path.path();
-    return argument;
-}
+/// Something on the bus of the screen readers: the service and the path there.
+using Thing = QPair<QString, QDBusObjectPath>;
 
 /// A screen reader: sees of the companion what it says on the bus, and nothing else.
 class Reader {
 public:
     Reader()
     {
-        const QDBusMessage address = call(QDBusConnection::sessionBus(), {"org.a11y.Bus"_s, "/org/a11y/bus"_s},
-                                          "org.a11y.Bus"_s, "GetAddress"_s);
+        const QDBusMessage address
+            = call(QDBusConnection::sessionBus(), {"org.a11y.Bus"_s, QDBusObjectPath("/org/a11y/bus"_s)},
+                   "org.a11y.Bus"_s, "GetAddress"_s);
         m_bus = QDBusConnection::connectToBus(address.arguments().value(0).toString(), "reader"_s);
     }
 
-    /// The companion's window; with an empty path as long as it is not there.
+    static bool exists(const Thing &thing) { return !thing.first.isEmpty(); }
+
+    /// The companion's window, once it is there.
     Thing window() const
     {
-        const Thing registry{"org.a11y.atspi.Registry"_s, "/org/a11y/atspi/accessible/root"_s};
+        const Thing registry{"org.a11y.atspi.Registry"_s, QDBusObjectPath("/org/a11y/atspi/accessible/root"_s)};
         const Thing application = children(registry).value(0);
-        return application.path.isEmpty() ? application : children(application).value(0);
+        return exists(application) ? children(application).value(0) : application;
     }
 
     /// Everything in @p thing, a line each: role, name, what is special about its state, its text.
@@ -63,7 +53,7 @@ public:
         const auto all = children(thing);
         for (const Thing &child : all) {
             const Thing found = nameOf(child) == name ? child : find(child, name);
-            if (!found.path.isEmpty())
+            if (exists(found))
                 return found;
         }
         return {};
@@ -81,7 +71,7 @@ private:
     static QDBusMessage call(const QDBusConnection &bus, const Thing &thing, const QString &interface,
                              const QString &method, const QVariantList &arguments = {})
     {
-        QDBusMessage message = QDBusMessage::createMethodCall(thing.service, thing.path, interface, method);
+        QDBusMessage message = QDBusMessage::createMethodCall(thing.first, thing.second.path(), interface, method);
         message.setArguments(arguments);
         QDBusPendingCallWatcher watcher(bus.asyncCall(message));
         QEventLoop loop;
@@ -141,7 +131,7 @@ private slots:
     {
         PortalTest::init();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        QTRY_VERIFY(!(m_window = m_reader.window()).path.isEmpty());
+        QTRY_VERIFY(Reader::exists(m_window = m_reader.window()));
     }
     void init() { } // The page is one for all.
     void cleanup() { }

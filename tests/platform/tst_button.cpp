@@ -135,7 +135,7 @@ private slots:
         Stage stage;
         auto *button = new TellingButton(&stage);
         stage.finger.tap(inside);
-        QTest::mouseDClick(stage.window.viewport(), Qt::LeftButton, {}, stage.window.mapFromScene(inside));
+        stage.finger.pressAgain(inside);
         stage.finger.release();
         QCOMPARE(button->clicks(), 2);
     }

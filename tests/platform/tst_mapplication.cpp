@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mapplication.h"
 #include "mendwatch.h"
-#include "testing.h"
+#include "process.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -46,12 +46,10 @@ private slots:
     void processEnds()
     {
         QFETCH(QString, how);
-        QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), {"--end"_s, how});
-        QVERIFY(process.waitForFinished());
+        QFETCH(int, status);
+        Process process(QCoreApplication::applicationFilePath(), {"--end"_s, how});
+        QVERIFY(process.endsWith(status));
         QTEST(process.readAllStandardOutput(), "output");
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QTEST(process.exitCode(), "status");
     }
 
     void webPagesChooseTheirFonts()

@@ -33,7 +33,7 @@ private slots:
     {
         QFETCH(QString, complaint);
         RunningService service(QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' ')));
-        QCOMPARE(service.exitStatus(), 1);
+        QVERIFY(service.endsWith(1));
         const QString errors = service.errors();
         QVERIFY2(errors.contains(complaint), qPrintable(errors));
     }
@@ -42,7 +42,7 @@ private slots:
     {
         RunningService first;
         RunningService second({L1("--port"), QString::number(first.port())});
-        QCOMPARE(second.exitStatus(), 1);
+        QVERIFY(second.endsWith(1));
         QVERIFY(second.errors().contains(L1("in use")));
     }
 
@@ -62,7 +62,8 @@ private slots:
         service.exchange("GET /vantu/info/ HTTP/1.0\r\n\r\n");
         QElapsedTimer time;
         time.start();
-        QCOMPARE(service.stop(signal), 0);
+        service.sendSignal(signal);
+        QVERIFY(service.endsWith(0));
         QVERIFY(time.elapsed() < 4000);
         QCOMPARE(service.errors(), QString());
     }
@@ -116,7 +117,7 @@ private slots:
         service.reset();
         database().exec("PRAGMA user_version = 1");
         RunningService old({L1("--database"), file});
-        QCOMPARE(old.exitStatus(), 1);
+        QVERIFY(old.endsWith(1));
         QVERIFY(old.errors().contains(L1("another version")));
     }
 
@@ -146,7 +147,8 @@ private slots:
         QFETCH(QByteArray, status);
         RunningService service;
         QCOMPARE(service.exchange(request).left(12), "HTTP/1.1 " + status);
-        QCOMPARE(service.stop(SIGTERM), 0);
+        service.terminate();
+        QVERIFY(service.endsWith(0));
         QCOMPARE(service.errors(), QString());
     }
 

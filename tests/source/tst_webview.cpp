@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "finger.h"
 #include "myqwebview.h"
-#include "testing.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QGraphicsScene>
 #include <QGraphicsView>
-#include <QMouseEvent>
 #include <QWebFrame>
-#include <QWheelEvent>
 
-#include <utility>
+#include <memory>
 
 namespace {
-
-using TouchScreen = decltype(QTest::createTouchDevice());
-using TouchSequence = decltype(QTest::touchEvent(std::declval<QWidget *>(), std::declval<TouchScreen>()));
 
 const QPoint startPosition(400, 1000);
 
@@ -51,11 +46,12 @@ class tst_WebView : public QObject {
 private slots:
     void init()
     {
-        m_window.reset(new QGraphicsView);
+        m_window = std::make_unique<QGraphicsView>();
+        m_finger = std::make_unique<Finger>(m_window.get());
         m_window->setFrameShape(QFrame::NoFrame);
         m_window->resize(480, 664);
         m_window->viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
-        auto *scene = new QGraphicsScene(0, 0, 480, 664, m_window.data());
+        auto *scene = new QGraphicsScene(0, 0, 480, 664, m_window.get());
         m_window->setScene(scene);
         m_view = new MyQWebView;
         m_view->settings()->setAttribute(QWebSettings::TiledBackingStoreEnabled, true);
@@ -64,7 +60,7 @@ private slots:
         m_view->setGeometry(QRectF(0, 0, 480, 664));
         m_timer = m_view->findChild<QTimer *>();
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
         QSignalSpy loaded(m_view, &QGraphicsWebView::loadFinished);
         m_view->setHtml(QString::fromLatin1(largePage));
         QTRY_COMPARE(loaded.count(), 1);
@@ -98,8 +94,8 @@ private slots:
     {
         QFETCH(QPoint, step);
         QFETCH(bool, moves);
-        mouse(QEvent::MouseButtonPress, {200, 200});
-        mouse(QEvent::MouseMove, QPoint(200, 200) + step);
+        m_finger->press({200, 200});
+        m_finger->move(QPoint(200, 200) + step);
         QCOMPARE(moved(), moves ? step : QPoint());
     }
 
@@ -117,21 +113,21 @@ private slots:
     void quickTapsAreTwoTaps()
     {
         drag({{60, 240}});
-        mouse(QEvent::MouseButtonDblClick, {60, 241});
-        mouse(QEvent::MouseButtonRelease, {60, 241});
+        m_finger->pressAgain({60, 241});
+        m_finger->release();
         QTRY_COMPARE(seenByThePage(), "mousedown mouseup click mousedown mouseup click"_s);
         QCOMPARE(m_view->page()->selectedText(), QString());
 
         // A drag that begins as the second tap is measured from that tap.
-        mouse(QEvent::MouseButtonDblClick, {160, 340});
-        mouse(QEvent::MouseMove, {160, 369});
+        m_finger->pressAgain({160, 340});
+        m_finger->move({160, 369});
         QCOMPARE(moved(), QPoint());
     }
 
     void tapAfterAnInterruptedDrag()
     {
-        mouse(QEvent::MouseButtonPress, {200, 200});
-        mouse(QEvent::MouseMove, {200, 240});
+        m_finger->press({200, 200});
+        m_finger->move({200, 240});
         m_view->hide();
         m_view->show();
         drag({{100, 100}});
@@ -144,7 +140,7 @@ private slots:
         drag({{200, 200}, {200, 230}, {200, 222}});
         QVERIFY(m_timer->isActive());
         QCOMPARE(m_timer->interval(), 50);
-        mouse(QEvent::MouseButtonPress, {200, 300}); // deliberately does not stop it
+        m_finger->press({200, 300}); // deliberately does not stop it
         QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
     }
 
@@ -184,17 +180,17 @@ private slots:
 
     void wheelScrolls()
     {
-        QVERIFY(wheel({100, 100}, -120));
+        QVERIFY(m_finger->wheel({100, 100}, -1));
         const int notch = moved().y();
         QVERIFY(notch < 0);
-        QVERIFY(wheel({100, 100}, 120));
+        QVERIFY(m_finger->wheel({100, 100}, 1));
         QCOMPARE(moved(), QPoint());
         // A touch pad sends small parts of a notch.
-        QVERIFY(wheel({100, 100}, -30));
+        QVERIFY(m_finger->wheel({100, 100}, -0.25));
         QCOMPARE(moved().y(), notch / 4);
         // What is inside the page scrolls first.
         frame()->setScrollPosition(startPosition);
-        QVERIFY(wheel({430, 120}, -120));
+        QVERIFY(m_finger->wheel({430, 120}, -1));
         QVERIFY(script("document.getElementById('inner').scrollTop").toInt() > 0);
         QCOMPARE(moved(), QPoint());
     }
@@ -235,14 +231,14 @@ private slots:
 
     void fingerDoesWhatTheMouseDoes()
     {
-        QWidget *viewport = m_window->viewport();
-        touch().press(0, QPoint(200, 200), viewport);
-        touch().move(0, QPoint(200, 229), viewport);
+        Finger finger(m_window.get(), Finger::Touch);
+        finger.press({200, 200});
+        finger.move({200, 229});
         QCOMPARE(moved(), QPoint());
-        touch().move(0, QPoint(200, 230), viewport);
-        touch().move(0, QPoint(200, 222), viewport);
+        finger.move({200, 230});
+        finger.move({200, 222});
         QCOMPARE(moved(), QPoint(0, 22));
-        touch().release(0, QPoint(200, 222), viewport);
+        finger.release();
         QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
         QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown"));
     }
@@ -251,19 +247,20 @@ private slots:
     {
         const QString tap = seenOfTouches("touchstart mousedown mouseup click");
         for (const QString &expected : {tap, tap + QLatin1Char(' ') + tap}) {
-            dragByFinger({{60, 240}});
+            drag({{60, 240}}, Finger::Touch);
             QTRY_COMPARE(seenByThePage(), expected);
         }
         QCOMPARE(m_view->page()->selectedText(), QString());
         m_view->setEditable(false);
         script("seen = []");
-        dragByFinger({{60, 240}});
+        drag({{60, 240}}, Finger::Touch);
         QCOMPARE(seenByThePage(), QString());
     }
 
     void secondFingerIsIgnored()
     {
         QWidget *viewport = m_window->viewport();
+        const auto touch = [viewport] { return QTest::touchEvent(viewport, Finger::device()); };
         touch().press(3, QPoint(200, 200), viewport);
         touch().stationary(3).press(5, QPoint(50, 50), viewport);
         touch().stationary(3).move(5, QPoint(50, 350), viewport);
@@ -283,55 +280,32 @@ private slots:
         if (!hearsTouches)
             QSKIP("Pages hear of touches only what they do as a mouse");
         script("document.addEventListener('touchstart', function(event) { event.preventDefault(); }, true)");
-        dragByFinger({{200, 200}, {200, 260}});
+        drag({{200, 200}, {200, 260}}, Finger::Touch);
         QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart"));
         QCOMPARE(moved(), QPoint());
     }
 
     void touchTakenAwayEndsTheDrag()
     {
-        QWidget *viewport = m_window->viewport();
-        touch().press(0, QPoint(200, 200), viewport);
-        touch().move(0, QPoint(200, 260), viewport);
-        QTouchEvent cancel(QEvent::TouchCancel, m_screen);
-        QApplication::sendEvent(viewport, &cancel);
+        Finger finger(m_window.get(), Finger::Touch);
+        finger.press({200, 200});
+        finger.move({200, 260});
+        QTouchEvent cancel(QEvent::TouchCancel, Finger::device());
+        QApplication::sendEvent(m_window->viewport(), &cancel);
         script("seen = []");
-        dragByFinger({{60, 240}});
+        drag({{60, 240}}, Finger::Touch);
         QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown mouseup click"));
     }
 
 private:
-    void mouse(QEvent::Type type, const QPoint &position)
-    {
-        QWidget *viewport = m_window->viewport();
-        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-        QMouseEvent event(type, position, viewport->mapToGlobal(position), button, held, Qt::NoModifier);
-        QApplication::sendEvent(viewport, &event);
-    }
     /// Presses at the first of @p positions, moves to each of the others and releases.
-    void drag(const QVector<QPoint> &positions)
+    void drag(const QVector<QPoint> &positions, Finger::Kind kind = Finger::Mouse)
     {
-        mouse(QEvent::MouseButtonPress, positions.first());
+        Finger finger(m_window.get(), kind);
+        finger.press(positions.first());
         for (const QPoint &position : positions.mid(1))
-            mouse(QEvent::MouseMove, position);
-        mouse(QEvent::MouseButtonRelease, positions.last());
-    }
-    void dragByFinger(const QVector<QPoint> &positions)
-    {
-        QWidget *viewport = m_window->viewport();
-        touch().press(0, positions.first(), viewport);
-        for (const QPoint &position : positions.mid(1))
-            touch().move(0, position, viewport);
-        touch().release(0, positions.last(), viewport);
-    }
-    TouchSequence touch() { return QTest::touchEvent(m_window->viewport(), m_screen); }
-    bool wheel(const QPoint &position, int delta)
-    {
-        QWidget *viewport = m_window->viewport();
-        QWheelEvent event(position, viewport->mapToGlobal(position), QPoint(), QPoint(0, delta), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        return QApplication::sendEvent(viewport, &event) && event.isAccepted();
+            finger.move(position);
+        finger.release();
     }
 
     QWebFrame *frame() const { return m_view->page()->mainFrame(); }
@@ -353,8 +327,8 @@ private:
         return steps;
     }
 
-    TouchScreen m_screen = QTest::createTouchDevice();
-    QScopedPointer<QGraphicsView> m_window;
+    std::unique_ptr<QGraphicsView> m_window;
+    std::unique_ptr<Finger> m_finger;
     MyQWebView *m_view = nullptr;
     QTimer *m_timer = nullptr;
 };

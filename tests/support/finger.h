@@ -29,6 +29,13 @@ public:
             QTest::touchEvent(m_view->viewport(), device()).press(0, m_at, m_view->viewport());
     }
 
+    /// As the second press of the mouse's double click.
+    void pressAgain(const QPointF &position)
+    {
+        m_at = onScreen(position);
+        QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, {}, m_at);
+    }
+
     void move(const QPointF &position)
     {
         m_at = onScreen(position);
@@ -69,22 +76,23 @@ public:
         release();
     }
 
-    void wheel(const QPointF &position, int notches)
+    /// Whether it was taken.
+    bool wheel(const QPointF &position, qreal notches)
     {
         const QPointF at = onScreen(position);
-        QWheelEvent event(at, m_view->viewport()->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, 120 * notches),
+        QWheelEvent event(at, m_view->viewport()->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, qRound(120 * notches)),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(m_view->viewport(), &event);
+        return QCoreApplication::sendEvent(m_view->viewport(), &event) && event.isAccepted();
     }
-
-private:
-    QPoint onScreen(const QPointF &position) const { return m_view->mapFromScene(position); }
 
     static decltype(QTest::createTouchDevice()) device()
     {
         static auto *touchScreen = QTest::createTouchDevice();
         return touchScreen;
     }
+
+private:
+    QPoint onScreen(const QPointF &position) const { return m_view->mapFromScene(position); }
 
     QGraphicsView *m_view;
     Kind m_kind;

@@ -39,10 +39,12 @@ public:
         return hasEnded && exitStatus() == NormalExit && exitCode() == status;
     }
 
+    /// What is left where it ends without one.
     QByteArray nextLine(ProcessChannel channel = StandardOutput)
     {
         setReadChannel(channel);
-        return QTest::qWaitFor([this] { return canReadLine(); }, 10000) ? readLine() : QByteArray();
+        const auto isThere = [this] { return canReadLine() || state() == NotRunning; };
+        return QTest::qWaitFor(isThere, 10000) ? readLine() : QByteArray();
     }
 
     static QString noBus() { return "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere"_s; }
