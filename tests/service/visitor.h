@@ -36,13 +36,16 @@ public:
                     "&type=MEEGO&width=480&height=854&fb=1"_s.arg(language, login, password, remember));
     }
 
-    /// Sends an encoded form; whether the page behind it arrived whole.
-    bool submit(const QString &path, const QByteArray &form)
+    /// Opens a page of the service; where that led, empty unless the page arrived whole.
+    QString ledBy(const QString &path) { return open(path) ? this->path() : QString(); }
+
+    /// Sends an encoded form; where that led, empty unless the page behind it arrived whole.
+    QString submit(const QString &path, const QByteArray &form)
     {
         QNetworkRequest request(QUrl(m_root + path));
         request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
         request.setRawHeader("Origin", m_root.toLatin1());
-        return load(request, QNetworkAccessManager::PostOperation, form);
+        return load(request, QNetworkAccessManager::PostOperation, form) ? this->path() : QString();
     }
 
     /// A variable of the page, opened at @p path first where one is given, as the companion's slots get it; a null
