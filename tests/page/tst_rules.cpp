@@ -7,7 +7,7 @@
 #include "servicerequests.h"
 #include "testing.h"
 
-#include <limits>
+#include <climits>
 
 namespace {
 
@@ -44,46 +44,32 @@ class RulesTest : public QObject {
 private slots:
     void cleanup() { g_languageIdx = 0; }
 
-    void numbersOfTheCommandLine_data()
-    {
-        const Table<QByteArray, int, int> row("text", "number", "language");
-        const int most = std::numeric_limits<int>::max();
-        row("plain", "12", 12, 0);
-        row("the last language", "4", 4, 4);
-        row("behind the last language", "5", 5, 0);
-        row("blanks, sign, rest", " \t-7up", -7, 0);
-        row("word", "abc", 0, 0);
-        row("empty", "", 0, 0);
-        row("above 32 bits", "4294967303", most, 0);
-        row("a language above 32 bits", "8589934594", most, 0);
-        row("below 64 bits", "-99999999999999999999", std::numeric_limits<int>::min(), 0);
-    }
-
     void numbersOfTheCommandLine()
     {
-        QFETCH(QByteArray, text);
-        QTEST(toInt(text.constData()), "number");
-        QTEST(toLanguage(text.constData()), "language");
-    }
-
-    void masksOfTheCommandLine_data()
-    {
-        const Table<QByteArray, quint64> row("text", "mask");
-        constexpr quint64 all = ~quint64(0);
-        constexpr quint64 highest = quint64(1) << 63;
-        row("above 32 bits", "4294967297", 4294967297);
-        row("all bits", "18446744073709551615", all);
-        row("all bits, negative", " -1", all);
-        row("highest bit, negative", "-9223372036854775808", highest);
-        row("too large", "18446744073709551616", all);
-        row("too small", "-9223372036854775809", highest);
-        row("word", "many", 0);
+        for (const auto &[text, number, language] : {std::tuple("12", 12, 0),
+                                                     {"4", 4, 4}, // the last language
+                                                     {"5", 5, 0},
+                                                     {" \t-7up", -7, 0},
+                                                     {"abc", 0, 0},
+                                                     {"", 0, 0},
+                                                     {"4294967303", INT_MAX, 0},
+                                                     {"8589934594", INT_MAX, 0}, // 2 in the lower half
+                                                     {"-99999999999999999999", INT_MIN, 0}})
+            QVERIFY2(toInt(text) == number && toLanguage(text) == language, text);
     }
 
     void masksOfTheCommandLine()
     {
-        QFETCH(QByteArray, text);
-        QTEST(toMask(text.constData()), "mask");
+        constexpr quint64 all = ~quint64(0);
+        constexpr quint64 highest = quint64(1) << 63;
+        for (const auto &[text, mask] : {std::pair("4294967297", Q_UINT64_C(4294967297)),
+                                         {"18446744073709551615", all},
+                                         {" -1", all},
+                                         {"-9223372036854775808", highest},
+                                         {"18446744073709551616", all}, // too large
+                                         {"-9223372036854775809", highest}, // too small
+                                         {"many", 0}})
+            QVERIFY2(toMask(text) == mask, text);
     }
 
     void commandsOfEachPage_data()
@@ -159,44 +145,32 @@ private slots:
         QVERIFY(!sectionOf("http://elsewhere.test/vantu/games"_s));
     }
 
-    void backLeadsUpOneLevel_data()
-    {
-        const Table<QString> row("target");
-        row("/vantu/games/show-game/gid/7", "/vantu/games"_s);
-        row("/vantu/games/show-game/gid/7/fb_send/yes", "/vantu/games"_s);
-        row("/vantu/games/show-game/gid", "/vantu/games"_s);
-        row("/vantu/games/show-game/7", {});
-        row("/vantu/games/trophies/gid/5", "/vantu/games/show-game/gid/42"_s);
-        row("/vantu/games/Trophies/gid/5", {});
-        row("/vantu/games/signal-twitter-send/gid/5", "/vantu/games/trophies/gid/42"_s);
-        row("/vantu/games/compare/uid/p7", {});
-        row("/vantu/friends", {});
-    }
-
     void backLeadsUpOneLevel()
     {
-        QFETCH(QString, target);
-        const QString path = QString::fromLatin1(QTest::currentDataTag());
-        QCOMPARE(backTarget(url(path), "42"_s), target.isEmpty() ? QString() : url(target));
-    }
-
-    void oneLookRulesOutErrorSentences_data()
-    {
-        const Table<QString, bool> row("text", "mayHoldOne");
-        for (const char *sentence : errorSentences)
-            row(sentence, QString::fromUtf8(sentence), true);
-        row("capitals", "AN ERROR HAS OCCURRED"_s, true);
-        row("accents", "An \u00e9rr\u00f8r has occurred"_s, true);
-        row("hyphens that are not seen", "ein Feh\u00ad\u200bler ist"_s, true);
-        row("letters of double width", "\uff25rror"_s, true);
-        row("no word of it", "Ana has er, ror and f\u00e9hle; r.\nOh\u00e9 !"_s, false);
-        row("nothing", {}, false);
+        for (const auto &[from, target] : {std::pair("/vantu/games/show-game/gid/7", "/vantu/games"),
+                                           {"/vantu/games/show-game/gid/7/fb_send/yes", "/vantu/games"},
+                                           {"/vantu/games/show-game/gid", "/vantu/games"},
+                                           {"/vantu/games/show-game/7", ""},
+                                           {"/vantu/games/trophies/gid/5", "/vantu/games/show-game/gid/42"},
+                                           {"/vantu/games/Trophies/gid/5", ""},
+                                           {"/vantu/games/signal-twitter-send/gid/5", "/vantu/games/trophies/gid/42"},
+                                           {"/vantu/games/compare/uid/p7", ""},
+                                           {"/vantu/friends", ""}}) {
+            const QString to = backTarget(url(QLatin1String(from)), "42"_s);
+            QCOMPARE(to, *target ? url(QLatin1String(target)) : QString());
+        }
     }
 
     void oneLookRulesOutErrorSentences()
     {
-        QFETCH(QString, text);
-        QTEST(mayHoldErrorSentence(text), "mayHoldOne");
+        for (const char *sentence : errorSentences)
+            QVERIFY2(mayHoldErrorSentence(QString::fromUtf8(sentence)), sentence);
+        // Capitals, accents, hyphens that are not seen, letters of double width.
+        for (const char *text :
+             {"AN ERROR HAS OCCURRED", "An \u00e9rr\u00f8r has occurred", "ein Feh\u00ad\u200bler ist", "\uff25rror"})
+            QVERIFY2(mayHoldErrorSentence(QString::fromUtf8(text)), text);
+        QVERIFY(!mayHoldErrorSentence("Ana has er, ror and f\u00e9hle; r.\nOh\u00e9 !"_s));
+        QVERIFY(!mayHoldErrorSentence({}));
     }
 
     void sharingSitesAreKnownByAWord()
@@ -254,27 +228,21 @@ private slots:
                                       "&height=854&fb=1"_s));
     }
 
-    void formsCarryEverythingUnchanged_data()
-    {
-        const Table<QByteArray, QByteArray> row("body", "expected");
-        row("message", messageBody({"7"_s, "9"_s}, "Hi"_s), "user_id[]=7&user_id[]=9&message=Hi");
-        row("message of nothing", messageBody({}, {}), "message=");
-        row("invitation", invitationBody({"a"_s, "x+y@z.test"_s}),
-            "name[]=a&email[]=a&name[]=x%2By%40z.test&email[]=x%2By%40z.test");
-        row("invitation of nobody", invitationBody({}), "");
-        row("no trophies", trophyBody(0), "");
-        row("trophies 0 and 5", trophyBody(33), "trophy_id[]=0&trophy_id[]=5");
-        row("highest trophy", trophyBody(quint64(1) << 63 | 1), "trophy_id[]=0&trophy_id[]=63");
-        row("separators", messageBody({}, "a&b=c;d+%41 "_s), "message=a%26b%3Dc%3Bd%2B%2541%20");
-        row("line ends", messageBody({}, "one\r\n\ttwo"_s), "message=one%0D%0A%09two");
-        row("accents", messageBody({}, "é€😀"_s), "message=%C3%A9%E2%82%AC%F0%9F%98%80");
-        row("long", messageBody({}, QString(10000, QLatin1Char('&'))), "message=" + QByteArray("%26").repeated(10000));
-    }
-
     void formsCarryEverythingUnchanged()
     {
-        QFETCH(QByteArray, body);
-        QTEST(body, "expected");
+        QCOMPARE(messageBody({"7"_s, "9"_s}, "Hi"_s), QByteArray("user_id[]=7&user_id[]=9&message=Hi"));
+        QCOMPARE(messageBody({}, {}), QByteArray("message="));
+        QCOMPARE(invitationBody({"a"_s, "x+y@z.test"_s}),
+                 "name[]=a&email[]=a&name[]=x%2By%40z.test&email[]=x%2By%40z.test");
+        QCOMPARE(invitationBody({}), QByteArray(""));
+        QCOMPARE(trophyBody(0), QByteArray(""));
+        QCOMPARE(trophyBody(33), QByteArray("trophy_id[]=0&trophy_id[]=5"));
+        QCOMPARE(trophyBody(quint64(1) << 63 | 1), QByteArray("trophy_id[]=0&trophy_id[]=63"));
+        QCOMPARE(messageBody({}, "a&b=c;d+%41 "_s), QByteArray("message=a%26b%3Dc%3Bd%2B%2541%20"));
+        QCOMPARE(messageBody({}, "one\r\n\ttwo"_s), QByteArray("message=one%0D%0A%09two"));
+        QCOMPARE(messageBody({}, "é€😀"_s), QByteArray("message=%C3%A9%E2%82%AC%F0%9F%98%80"));
+        QCOMPARE(messageBody({}, QString(10000, QLatin1Char('&'))),
+                 QByteArray("message=" + QByteArray("%26").repeated(10000)));
     }
 
     void postAddresses()
