@@ -164,60 +164,48 @@ private slots:
         }
     }
 
-    void tabCaption_data()
-    {
-        const Table<int, QPoint> row("icon", "iconPosition");
-        row("friends", 11, {30, 22});
-        row("games", 12, {25, 23});
-        row("home", 13, {30, 20});
-        row("inbox", 14, {29, 24});
-    }
     void tabCaption()
     {
-        QFETCH(int, icon);
-        QFETCH(QPoint, iconPosition);
-        const QImage bare = composed({{27, selectedTabPlace.topLeft()}, {icon, iconPosition}});
-        for (g_languageIdx = 0; g_languageIdx < K_LANGUAGE_COUNT; ++g_languageIdx) {
-            ToggleButton tab(icon);
-            tab.resize(90, 70);
-            const QRect caption = difference(drawn(&tab), bare);
-            QVERIFY(caption.width() > 15);
-            QVERIFY(caption.top() > 45);
-            QVERIFY(selectedTabPlace.contains(caption));
-            QVERIFY(isCentred(caption, selectedTabPlace));
-            // At the bottom of the tab, however high that is.
-            tab.resize(90, 90);
-            QCOMPARE(difference(drawn(&tab), bare), caption.translated(0, 20));
+        for (const auto &[icon, iconPosition] :
+             {std::pair(11, QPoint(30, 22)), {12, QPoint(25, 23)}, {13, QPoint(30, 20)}, {14, QPoint(29, 24)}}) {
+            const QImage bare = composed({{27, selectedTabPlace.topLeft()}, {icon, iconPosition}});
+            for (g_languageIdx = 0; g_languageIdx < K_LANGUAGE_COUNT; ++g_languageIdx) {
+                ToggleButton tab(icon);
+                tab.resize(90, 70);
+                const QRect caption = difference(drawn(&tab), bare);
+                QVERIFY(caption.width() > 15);
+                QVERIFY(caption.top() > 45);
+                QVERIFY(selectedTabPlace.contains(caption));
+                QVERIFY(isCentred(caption, selectedTabPlace));
+                // At the bottom of the tab, however high that is.
+                tab.resize(90, 90);
+                QCOMPARE(difference(drawn(&tab), bare), caption.translated(0, 20));
+            }
         }
     }
 
-    void badge_data()
-    {
-        const Table<int> row("number");
-        for (const int number : {1, 12, 123, 1000, -1, std::numeric_limits<int>::min()})
-            row(qPrintable(QString::number(number)), number);
-    }
     void badge()
     {
-        QFETCH(int, number);
-        ToggleButton tab(15);
-        tab.resize(90, 70);
-        const QImage without = drawn(&tab);
-        tab.m_badgeNumber = number;
-        const QImage with = drawn(&tab);
-        QVERIFY(tab.boundingRect().contains(difference(with, without)));
+        for (const int number : {1, 12, 123, 1000, -1, std::numeric_limits<int>::min()}) {
+            ToggleButton tab(15);
+            tab.resize(90, 70);
+            const QImage without = drawn(&tab);
+            tab.m_badgeNumber = number;
+            const QImage with = drawn(&tab);
+            QVERIFY(tab.boundingRect().contains(difference(with, without)));
 
-        const QRect digits
-            = difference(with, composed({{27, selectedTabPlace.topLeft()}, {15, {30, 20}}, {7, badgePlace.topLeft()}}));
-        QVERIFY(!digits.isEmpty());
-        QVERIFY(isCentred(digits, badgePlace));
-        QVERIFY(qAbs(digits.center().y() - badgePlace.center().y()) <= 2);
-        // Every digit, none narrowed.
-        QFont font;
-        font.setPixelSize(14);
-        font.setWeight(QFont::Bold);
-        const int width = QFontMetrics(font).tightBoundingRect(QString::number(number)).width();
-        QVERIFY2(qAbs(digits.width() - width) <= 3, qPrintable("%1 %2"_s.arg(digits.width()).arg(width)));
+            const QRect digits = difference(
+                with, composed({{27, selectedTabPlace.topLeft()}, {15, {30, 20}}, {7, badgePlace.topLeft()}}));
+            QVERIFY(!digits.isEmpty());
+            QVERIFY(isCentred(digits, badgePlace));
+            QVERIFY(qAbs(digits.center().y() - badgePlace.center().y()) <= 2);
+            // Every digit, none narrowed.
+            QFont font;
+            font.setPixelSize(14);
+            font.setWeight(QFont::Bold);
+            const int width = QFontMetrics(font).tightBoundingRect(QString::number(number)).width();
+            QVERIFY2(qAbs(digits.width() - width) <= 3, qPrintable("%1 %2"_s.arg(digits.width()).arg(width)));
+        }
     }
 };
 

@@ -77,7 +77,7 @@ private slots:
     void signalsTellTheGameOnce_data()
     {
         const Table<QList<int>, QByteArray> row("signalsSent", "html");
-        for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        for (const int signal : endSignals)
             row(strsignal(signal), {signal}, "late");
         row("all", {SIGINT, SIGTERM, SIGINT, SIGHUP}, "late");
         row("without a network", {SIGTERM}, {});

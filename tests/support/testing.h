@@ -21,11 +21,5 @@ public:
     void operator()(const char *name, const Values &...values) const { (QTest::newRow(name) << ... << values); }
 };
 
-/// The rows of a test that has to hold for each signal that asks a program to end.
-inline void addEndSignals()
-{
-    const Table<int> row("signal");
-    row("SIGTERM", SIGTERM);
-    row("SIGINT", SIGINT);
-    row("SIGHUP", SIGHUP);
-}
+/// The signals that ask a program to end.
+inline constexpr int endSignals[] = {SIGTERM, SIGINT, SIGHUP};
