@@ -99,11 +99,13 @@ void MyQWebView::showRetry(bool shown)
         return;
     m_retry->setGeometry(rect());
     const bool takesFocus = shown ? hasFocus() || (scene() && !scene()->focusItem()) : m_retry->hasFocus();
+    const bool hasRing = shown ? m_focusRing != nullptr : m_retry->hasFocusRing();
     m_retry->setVisible(shown);
     // A finger on the picture is not for the page beneath.
     setAcceptTouchEvents(!shown);
     if (takesFocus)
-        (shown ? static_cast<QGraphicsItem *>(m_retry) : this)->setFocus();
+        (shown ? static_cast<QGraphicsItem *>(m_retry) : this)
+            ->setFocus(hasRing ? Qt::TabFocusReason : Qt::OtherFocusReason);
 }
 
 void MyQWebView::back()

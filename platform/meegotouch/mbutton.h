@@ -52,6 +52,9 @@ public:
 
     void setViewType(const QString &type);
 
+    /// Whether it shows that the keyboard is here: it has the focus, and not from a finger.
+    bool hasFocusRing() const { return m_focusRing; }
+
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget = nullptr) override;
 
 public slots:

@@ -125,7 +125,7 @@ inline constexpr qreal positionBarSmallestLength = 24;
 inline constexpr int positionBarHoldDuration = 700;
 inline constexpr int positionBarFadeInDuration = 100;
 inline constexpr int positionBarFadeOutDuration = 300;
-inline constexpr QColor positionBar{137, 152, 163, 225};
+inline constexpr QColor positionBar{104, 119, 131, 235};
 inline constexpr QColor positionBarRim{0, 0, 0, 70};
 
 } // namespace MStyle

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "mfocusring.h"
 #include "portal.h"
 
 #include "navigationrules.h"
@@ -60,6 +61,10 @@ private slots:
             QCOMPARE(service->urls(), QStringList(url("/vantu/games"_s)));
             QCOMPARE(shown(), "web tabs"_s);
             QVERIFY(!picture->isVisible());
+            const auto children = page->webView->childItems();
+            QCOMPARE(std::any_of(children.begin(), children.end(),
+                                 [](QGraphicsItem *item) { return dynamic_cast<MFocusRing *>(item); }),
+                     byKey);
 
             // A link that leads nowhere leaves its page in sight.
             service->isSilent = true;
