@@ -31,6 +31,7 @@ private slots:
         QVERIFY(!isLoading());
         QCOMPARE(shown(), "web tabs"_s);
         QCOMPARE(page->webView->zoomFactor(), 1.5);
+        QCOMPARE(page->webView->palette().color(QPalette::Window), QColor(Qt::white));
     }
 
     void failedLoadLeavesAWayOut()
