@@ -113,25 +113,22 @@ private slots:
         QTEST(login->rememberMe, "stored");
     }
 
-    void damagedFileIsNoLogin_data()
-    {
-        const Table<QByteArray> row("contents");
-        const auto bytes = [](const char *digits) { return QByteArray::fromHex(digits); };
-        const QByteArray sound = bytes("03000000 01000000 10 01000000 10 00000000");
-        for (int length = 0; length < sound.size(); ++length)
-            row(qPrintable("cut to %1 bytes"_s.arg(length)), sound.left(length));
-        row("other count", bytes("02000000 01000000 10 01000000 10 00000000"));
-        row("big-endian", bytes("00000003 00000001 10 00000001 10 00000000"));
-        row("huge length", bytes("03000000 ffffff7f 10 01000000 10 00000000"));
-        row("negative length", bytes("03000000 ffffffff 10 01000000 10 00000000"));
-        row("length 256", bytes("03000000 00010000") + QByteArray(256, 'x') + QByteArray(8, '\0'));
-    }
     void damagedFileIsNoLogin()
     {
-        QFETCH(QByteArray, contents);
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush());
-        QVERIFY(!loadLogin(path()).has_value());
+        const QByteArray sound = "03000000 01000000 10 01000000 10 00000000";
+        QList<QByteArray> damaged{"02000000 01000000 10 01000000 10 00000000", // another count
+                                  "00000003 00000001 10 00000001 10 00000000", // big-endian
+                                  "03000000 ffffff7f 10 01000000 10 00000000", // a huge length
+                                  "03000000 ffffffff 10 01000000 10 00000000", // a negative one
+                                  "03000000 00010000" + QByteArray(256, '1').repeated(2) + QByteArray(16, '0')};
+        for (int length = 0; length < sound.size(); ++length)
+            damaged << sound.left(length);
+        for (const QByteArray &contents : damaged) {
+            QFile file(path());
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray::fromHex(contents)) >= 0);
+            file.close();
+            QVERIFY2(!loadLogin(path()).has_value(), contents);
+        }
     }
 
     void whatFollowsDoesNotMatter()
@@ -220,25 +217,16 @@ private slots:
         QVERIFY(QFileInfo(path()).isSymLink() && QFileInfo(path("between")).isSymLink());
     }
 
-    void fileOfAnotherKindIsLeftAlone_data()
-    {
-        const Table<QString> row("file");
-        for (const char *file : {"pipe", "folder", "/dev/zero", "missing"})
-            row(file, QString::fromLatin1(file));
-    }
     void fileOfAnotherKindIsLeftAlone()
     {
-        QFETCH(QString, file);
-        const QString name = QDir(m_folder->path()).absoluteFilePath(file);
         QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
         QVERIFY(QDir(m_folder->path()).mkdir("folder"_s));
-        const bool existed = QFileInfo::exists(name);
-        QVERIFY(!loadLogin(name).has_value());
-        QCOMPARE(QFileInfo::exists(name), existed);
-        if (existed && !QFileInfo(name).isFile()) {
-            QVERIFY(!store(name, "new"));
-            QVERIFY(!QFileInfo(name).isFile());
+        for (const QString &name : {path("pipe"), path("folder"), "/dev/zero"_s}) {
+            QVERIFY2(!loadLogin(name).has_value() && !store(name, "new"), qPrintable(name));
+            QVERIFY(QFileInfo::exists(name) && !QFileInfo(name).isFile());
         }
+        QVERIFY(!loadLogin(path("missing")).has_value());
+        QVERIFY(!QFileInfo::exists(path("missing")));
     }
 
 private:
