@@ -38,20 +38,14 @@ private slots:
         QVERIFY(game.readAllStandardOutput().startsWith("usage: vantu-game"));
     }
 
-    void printsWhatItHears_data()
-    {
-        const Table<QString, QByteArray> row("sent", "line");
-        row("a word", "QUIT"_s, "game heard: QUIT\n");
-        row("nothing", ""_s, "game heard: \n");
-        row("what would break the line", "a\nb\""_s, "game heard: a\\nb\\\"\n");
-    }
     void printsWhatItHears()
     {
-        QFETCH(QString, sent);
-        Game game({"send"_s, sent});
-        QVERIFY(game.endsWith(0));
-        QTEST(game.readAllStandardOutput(), "line");
-        QVERIFY(game.readAllStandardError().contains("->>>>>>>>> Recive"));
+        for (const auto &[sent, line] : {std::pair("QUIT", "QUIT"), {"", ""}, {"a\nb\"", "a\\nb\\\""}}) {
+            Game game({"send"_s, QLatin1String(sent)});
+            QVERIFY(game.endsWith(0));
+            QCOMPARE(game.readAllStandardOutput(), "game heard: " + QByteArray(line) + "\n");
+            QVERIFY(game.readAllStandardError().contains("->>>>>>>>> Recive"));
+        }
     }
 
     void endsAsTheCompanionEnds()

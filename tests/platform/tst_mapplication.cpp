@@ -34,22 +34,17 @@ private slots:
         QCOMPARE(run(), 0);
     }
 
-    void processEnds_data()
-    {
-        const Table<QString, QByteArray, int> row("how", "output", "status");
-        row("when asked for, though the loop hangs", "request"_s, "last resort", 0);
-        row("when the display is gone, though the loop hangs", "displayGone"_s, "last resort", 0);
-        row("when the platform leaves by itself", "exit"_s, "last resort", 0);
-        row("as the loop wants it, if that has begun", "standDown"_s, "", 3);
-    }
-
+    // Though the loop hangs, but as that wants it where the end has begun there.
     void processEnds()
     {
-        QFETCH(QString, how);
-        QFETCH(int, status);
-        Process process(QCoreApplication::applicationFilePath(), {"--end"_s, how});
-        QVERIFY(process.endsWith(status));
-        QTEST(process.readAllStandardOutput(), "output");
+        for (const auto &[how, output, status] : {std::tuple("request", "last resort", 0),
+                                                  {"displayGone", "last resort", 0},
+                                                  {"exit", "last resort", 0},
+                                                  {"standDown", "", 3}}) {
+            Process process(QCoreApplication::applicationFilePath(), {"--end"_s, QLatin1String(how)});
+            QVERIFY2(process.endsWith(status), how);
+            QCOMPARE(process.readAllStandardOutput(), QByteArray(output));
+        }
     }
 
     void webPagesChooseTheirFonts()

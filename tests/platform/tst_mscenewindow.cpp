@@ -13,52 +13,41 @@ public:
     bool event(QEvent *) override { return true; }
 };
 
-using Policy = MSceneWindow::DeletionPolicy;
 using Leave = void (MSceneWindow::*)();
 
 } // namespace
-
-Q_DECLARE_METATYPE(MSceneWindow::DeletionPolicy)
-Q_DECLARE_METATYPE(Leave)
 
 class SceneWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void policySaysWhatBecomesOfIt_data()
-    {
-        const Table<Policy, Leave, bool> row("policy", "leave", "destroyed");
-        const Leave disappear = &MSceneWindow::disappear;
-        const Leave dismiss = &MSceneWindow::dismiss;
-        row("keep, disappear", MSceneWindow::KeepWhenDone, disappear, false);
-        row("keep, dismiss", MSceneWindow::KeepWhenDone, dismiss, false);
-        row("done, disappear", MSceneWindow::DestroyWhenDone, disappear, true);
-        row("done, dismiss", MSceneWindow::DestroyWhenDone, dismiss, true);
-        row("dismissed, disappear", MSceneWindow::DestroyWhenDismissed, disappear, false);
-        row("dismissed, dismiss", MSceneWindow::DestroyWhenDismissed, dismiss, true);
-    }
-
     void policySaysWhatBecomesOfIt()
     {
-        QFETCH(Policy, policy);
-        QFETCH(Leave, leave);
-        QFETCH(bool, destroyed);
-        MApplicationWindow window;
-        QPointer<MSceneWindow> shown = new Swallower;
-        QSignalSpy appeared(shown, &MSceneWindow::appeared);
-        QSignalSpy disappeared(shown, &MSceneWindow::disappeared);
-        shown->appear(&window, policy);
-        QVERIFY(shown->isOnDisplay());
-        QCOMPARE(appeared.count(), 1);
+        const Leave disappear = &MSceneWindow::disappear;
+        const Leave dismiss = &MSceneWindow::dismiss;
+        for (const auto &[policy, leave, destroyed] : {std::tuple(MSceneWindow::KeepWhenDone, disappear, false),
+                                                       {MSceneWindow::KeepWhenDone, dismiss, false},
+                                                       {MSceneWindow::DestroyWhenDone, disappear, true},
+                                                       {MSceneWindow::DestroyWhenDone, dismiss, true},
+                                                       {MSceneWindow::DestroyWhenDismissed, disappear, false},
+                                                       {MSceneWindow::DestroyWhenDismissed, dismiss, true}}) {
+            MApplicationWindow window;
+            QPointer<MSceneWindow> shown = new Swallower;
+            QSignalSpy appeared(shown, &MSceneWindow::appeared);
+            QSignalSpy disappeared(shown, &MSceneWindow::disappeared);
+            shown->appear(&window, policy);
+            QVERIFY(shown->isOnDisplay());
+            QCOMPARE(appeared.count(), 1);
 
-        (shown->*leave)();
-        (shown->*leave)();
-        QVERIFY2(shown, "must live until the event loop runs: its signals may still be on their way");
-        QVERIFY(!shown->isVisible());
-        QCOMPARE(disappeared.count(), 1);
-        QCoreApplication::processEvents();
-        QCOMPARE(shown.isNull(), destroyed);
-        delete shown;
+            (shown->*leave)();
+            (shown->*leave)();
+            QVERIFY2(shown, "must live until the event loop runs: its signals may still be on their way");
+            QVERIFY(!shown->isVisible());
+            QCOMPARE(disappeared.count(), 1);
+            QCoreApplication::processEvents();
+            QCOMPARE(shown.isNull(), destroyed);
+            delete shown;
+        }
     }
 
     void appearingAgainSavesItFromDestruction()

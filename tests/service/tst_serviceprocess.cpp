@@ -18,24 +18,20 @@ class ServiceProcess : public QObject {
     Q_OBJECT
 
 private slots:
-    void refusesBadOptions_data()
-    {
-        const Table<QString> row("complaint");
-        row("--host 0.0.0.0", "--public"_s);
-        row("--host 128.0.0.1", "--public"_s);
-        row("--port 65536", "not in range"_s);
-        row("--time-limit 0", "not in range"_s);
-        row("--frobnicate", "--help"_s);
-        row("--database ", "file name"_s);
-        row("--database /nowhere/vantu.db", "unable to open"_s);
-    }
     void refusesBadOptions()
     {
-        QFETCH(QString, complaint);
-        RunningService service(QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' ')));
-        QVERIFY(service.endsWith(1));
-        const QString errors = service.errors();
-        QVERIFY2(errors.contains(complaint), qPrintable(errors));
+        for (const auto &[options, complaint] : {std::pair("--host 0.0.0.0", "--public"),
+                                                 {"--host 128.0.0.1", "--public"},
+                                                 {"--port 65536", "not in range"},
+                                                 {"--time-limit 0", "not in range"},
+                                                 {"--frobnicate", "--help"},
+                                                 {"--database ", "file name"},
+                                                 {"--database /nowhere/vantu.db", "unable to open"}}) {
+            RunningService service(QString::fromLatin1(options).split(QLatin1Char(' ')));
+            QVERIFY2(service.endsWith(1), options);
+            const QString errors = service.errors();
+            QVERIFY2(errors.contains(L1(complaint)), qPrintable(errors));
+        }
     }
 
     void portInUse()
