@@ -10,8 +10,6 @@
 #include <QContextMenuEvent>
 #include <QInputMethodQueryEvent>
 
-Q_DECLARE_METATYPE(MTextEditModel::LineMode)
-
 namespace {
 
 const QRectF linePlace(10, 100, 460, 48);
@@ -35,12 +33,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override { released.append(event->key()); }
 };
 
-void addLineModes()
-{
-    QTest::addColumn<MTextEditModel::LineMode>("mode");
-    QTest::newRow("single line") << MTextEditModel::SingleLine;
-    QTest::newRow("multi-line") << MTextEditModel::MultiLine;
-}
+const auto lineModes = {MTextEditModel::SingleLine, MTextEditModel::MultiLine};
 
 } // namespace
 
@@ -48,32 +41,32 @@ class TextEditTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void takesWhatIsWritten_data() { addLineModes(); }
     void takesWhatIsWritten()
     {
-        QFETCH(MTextEditModel::LineMode, mode);
-        Stage stage;
-        MTextEdit *edit = editOn(stage, mode);
-        QSignalSpy changed(edit, &MTextEdit::textChanged);
-        SoftwareKeyboard keyboard;
-        const QPointF inEdit = edit->sceneBoundingRect().center();
-        stage.finger.tap(inEdit);
-        QVERIFY(edit->hasFocus() && keyboard.isInputPanelVisible());
-        QTest::keyClicks(&stage.window, "Hi!"_s);
-        QCOMPARE(edit->text(), "Hi!"_s);
-        QCOMPARE(changed.count(), 3);
-        edit->clear();
-        QCOMPARE(edit->text(), QString());
-        QCOMPARE(changed.count(), 4);
+        for (const MTextEditModel::LineMode mode : lineModes) {
+            Stage stage;
+            MTextEdit *edit = editOn(stage, mode);
+            QSignalSpy changed(edit, &MTextEdit::textChanged);
+            SoftwareKeyboard keyboard;
+            const QPointF inEdit = edit->sceneBoundingRect().center();
+            stage.finger.tap(inEdit);
+            QVERIFY(edit->hasFocus() && keyboard.isInputPanelVisible());
+            QTest::keyClicks(&stage.window, "Hi!"_s);
+            QCOMPARE(edit->text(), "Hi!"_s);
+            QCOMPARE(changed.count(), 3);
+            edit->clear();
+            QCOMPARE(edit->text(), QString());
+            QCOMPARE(changed.count(), 4);
 
-        MInputMethodState::closeSoftwareInputPanel();
-        QVERIFY(edit->hasFocus() && !keyboard.isInputPanelVisible());
-        stage.finger.tap(inEdit);
-        QVERIFY(keyboard.isInputPanelVisible());
-        QInputMethodEvent event("preedit"_s, {});
-        event.setCommitString("你好 "_s);
-        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
-        QCOMPARE(edit->text(), "你好 "_s);
+            MInputMethodState::closeSoftwareInputPanel();
+            QVERIFY(edit->hasFocus() && !keyboard.isInputPanelVisible());
+            stage.finger.tap(inEdit);
+            QVERIFY(keyboard.isInputPanelVisible());
+            QInputMethodEvent event("preedit"_s, {});
+            event.setCommitString("你好 "_s);
+            QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+            QCOMPARE(edit->text(), "你好 "_s);
+        }
     }
 
     void keepsItsText()
@@ -90,28 +83,28 @@ private slots:
                 < MTextEdit(MTextEditModel::MultiLine).preferredHeight());
     }
 
-    void returnGoesOnToTheParent_data() { addLineModes(); }
     void returnGoesOnToTheParent()
     {
-        QFETCH(MTextEditModel::LineMode, mode);
-        const bool single = mode == MTextEditModel::SingleLine;
-        Stage stage;
-        auto *witness = new KeyWitness;
-        stage.put(witness, QRectF(0, 0, 480, 814));
-        MTextEdit *edit = editOn(stage, mode);
-        edit->setParentItem(witness);
-        edit->setFocus();
-        QSignalSpy returned(edit, &MTextEdit::returnPressed);
+        for (const MTextEditModel::LineMode mode : lineModes) {
+            const bool single = mode == MTextEditModel::SingleLine;
+            Stage stage;
+            auto *witness = new KeyWitness;
+            stage.put(witness, QRectF(0, 0, 480, 814));
+            MTextEdit *edit = editOn(stage, mode);
+            edit->setParentItem(witness);
+            edit->setFocus();
+            QSignalSpy returned(edit, &MTextEdit::returnPressed);
 
-        QTest::keyClick(&stage.window, Qt::Key_A);
-        QTest::keyClick(&stage.window, Qt::Key_Return);
-        QCOMPARE(witness->released.count(Qt::Key_Return), 1);
-        // The press is the single line's way to accept a dialog, and a line break elsewhere.
-        QCOMPARE(witness->pressed, single ? QVector<int>{Qt::Key_Return} : QVector<int>());
-        QCOMPARE(returned.count(), single ? 1 : 0);
-        QCOMPARE(edit->text(), single ? "a"_s : "a\n"_s);
-        QTest::keyClick(&stage.window, Qt::Key_F5);
-        QCOMPARE(witness->pressed.count(Qt::Key_F5), 1);
+            QTest::keyClick(&stage.window, Qt::Key_A);
+            QTest::keyClick(&stage.window, Qt::Key_Return);
+            QCOMPARE(witness->released.count(Qt::Key_Return), 1);
+            // The press is the single line's way to accept a dialog, and a line break elsewhere.
+            QCOMPARE(witness->pressed, single ? QVector<int>{Qt::Key_Return} : QVector<int>());
+            QCOMPARE(returned.count(), single ? 1 : 0);
+            QCOMPARE(edit->text(), single ? "a"_s : "a\n"_s);
+            QTest::keyClick(&stage.window, Qt::Key_F5);
+            QCOMPARE(witness->pressed.count(Qt::Key_F5), 1);
+        }
     }
 
     void contentTypeChoosesTheKeys()
@@ -169,34 +162,30 @@ private slots:
             QVERIFY(edit->text().count(QLatin1Char('\n')) < 98);
     }
 
-    void menuSpeaksTheLanguage_data()
-    {
-        const Table<MTextEditModel::LineMode, QLocale::Language, QStringList> row("mode", "language", "rows");
-        row("line", MTextEditModel::SingleLine, QLocale::German, {"Einfügen"_s, "Alles auswählen"_s});
-        row("area", MTextEditModel::MultiLine, QLocale::French, {"Coller"_s, "Tout sélectionner"_s});
-    }
     void menuSpeaksTheLanguage()
     {
-        QFETCH(MTextEditModel::LineMode, mode);
-        QFETCH(QLocale::Language, language);
-        QLocale::setDefault(language);
-        Stage stage;
-        MTextEdit *edit = editOn(stage, mode, "words"_s);
-        QGuiApplication::clipboard()->setText("other "_s);
-        stage.finger.tap(edit->sceneBoundingRect().topLeft() + QPointF(8, 20));
-        const QPoint place = stage.window.mapFromScene(edit->sceneBoundingRect().center());
-        QContextMenuEvent event(QContextMenuEvent::Mouse, place, stage.window.mapToGlobal(place));
-        QCoreApplication::sendEvent(stage.window.viewport(), &event);
-        const QPointer<MPopupList> list = qobject_cast<MPopupList *>(stage.window.topPanel());
-        QVERIFY(list);
-        QStringList rows;
-        for (int row = 0; row < list->itemModel()->rowCount(); ++row)
-            rows << list->itemModel()->index(row, 0).data().toString();
-        QTEST(rows, "rows");
-        list->pick(0);
-        QCOMPARE(edit->text(), "other words"_s);
-        QVERIFY(edit->hasFocus());
-        QTRY_VERIFY(!list);
+        for (const auto &[mode, language, expected] :
+             {std::tuple(MTextEditModel::SingleLine, QLocale::German, "Einfügen, Alles auswählen"_s),
+              {MTextEditModel::MultiLine, QLocale::French, "Coller, Tout sélectionner"_s}}) {
+            QLocale::setDefault(language);
+            Stage stage;
+            MTextEdit *edit = editOn(stage, mode, "words"_s);
+            QGuiApplication::clipboard()->setText("other "_s);
+            stage.finger.tap(edit->sceneBoundingRect().topLeft() + QPointF(8, 20));
+            const QPoint place = stage.window.mapFromScene(edit->sceneBoundingRect().center());
+            QContextMenuEvent event(QContextMenuEvent::Mouse, place, stage.window.mapToGlobal(place));
+            QCoreApplication::sendEvent(stage.window.viewport(), &event);
+            const QPointer<MPopupList> list = qobject_cast<MPopupList *>(stage.window.topPanel());
+            QVERIFY(list);
+            QStringList rows;
+            for (int row = 0; row < list->itemModel()->rowCount(); ++row)
+                rows << list->itemModel()->index(row, 0).data().toString();
+            QCOMPARE(rows.join(", "_s), expected);
+            list->pick(0);
+            QCOMPARE(edit->text(), "other words"_s);
+            QVERIFY(edit->hasFocus());
+            QTRY_VERIFY(!list);
+        }
     }
 };
 
