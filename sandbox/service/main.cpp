@@ -9,6 +9,7 @@
 #include <pthread.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -36,6 +37,12 @@ void addOptions(CLI::App &line, Options &options)
     });
 }
 
+// What whoever started this one has open is not the service's, which ends connections by looking at its own files.
+void closeInheritedFiles()
+{
+    close_range(STDERR_FILENO + 1, ~0U, 0);
+}
+
 // A thousand idle connections are a thousand open files.
 void allowManyConnections()
 {
@@ -53,6 +60,7 @@ void serve(const Options &options)
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         sigaddset(&endings, signal);
     pthread_sigmask(SIG_BLOCK, &endings, nullptr);
+    closeInheritedFiles();
     allowManyConnections();
     umask(S_IRWXG | S_IRWXO);
 

@@ -8,7 +8,9 @@
 #include <signal.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <time.h>
+#include <unistd.h>
 #include <vector>
 
 using L1 = QLatin1String;
@@ -44,6 +46,8 @@ private slots:
 
     void endsCleanly()
     {
+        int inherited[2];
+        QCOMPARE(socketpair(AF_UNIX, SOCK_STREAM, 0, inherited), 0);
         for (const int signal : endSignals) {
             RunningService service;
             QVERIFY(service.port() > 0);
@@ -61,7 +65,10 @@ private slots:
             QVERIFY(service.endsWith(0));
             QVERIFY(time.elapsed() < 4000);
             QCOMPARE(service.errors(), QString());
+            // Nor does it end what is another program's.
+            QCOMPARE(send(inherited[0], "x", 1, MSG_NOSIGNAL), 1);
         }
+        QCOMPARE(close(inherited[0]) + close(inherited[1]), 0);
     }
 
     void keepsWhatIsInItsFile()
