@@ -20,13 +20,13 @@
 namespace {
 
 // Milliseconds.
-constexpr int ANSWER_PATIENCE = 1500; ///< with a page that computes
-constexpr int LONGEST_PATIENCE = 10000; ///< with one that does not get to it: the machine is busy, or the page waits
-constexpr int RENDERER_PATIENCE = 3000;
-constexpr int GLANCE = 100;
+constexpr int answerPatience = 1500; ///< with a page that computes
+constexpr int longestPatience = 10000; ///< with one that does not get to it: the machine is busy, or the page waits
+constexpr int rendererPatience = 3000;
+constexpr int glanceInterval = 100;
 
 // A policy counts once it has stood in a document's head; the parser makes a head of its own.
-const char POLICY[] = R"(function setPolicy(attribute, name, content) {
+const char policyScript[] = R"(function setPolicy(attribute, name, content) {
     const policy = document.createElement('meta');
     policy[attribute] = name;
     policy.content = content;
@@ -42,7 +42,7 @@ const char POLICY[] = R"(function setPolicy(attribute, name, content) {
 // Runs before the scripts of a document. Whatever it needs later it takes with it, since they may put their own in its
 // place. The engine lets scripts wait for nothing but its own dialogs, so a prompt is what carries calls: those of a
 // script together when it ends, since each prompt is a trip to another process.
-const char BRIDGE[] = R"((function() {
+const char bridgeScript[] = R"((function() {
     const secret = '%1', ask = window.prompt.bind(window), write = JSON.stringify, text = String;
     const atEndOfScript = window.queueMicrotask.bind(window), mostCalls = 10000;
     const convert = {s: value => value === null || value === undefined ? '' : text(value), n: Number, b: Boolean};
@@ -91,7 +91,7 @@ const char BRIDGE[] = R"((function() {
 
 // Apart from the page's scripts, also in frames: no other host learns where a request comes from, and the end of a
 // press that was none stays unseen (it is sent from far outside).
-const char DISCRETION[] = R"((function() {
+const char discretionScript[] = R"((function() {
     setPolicy('name', 'referrer', 'same-origin');
     ['mouseup', 'pointerup', 'click'].forEach(name => window.addEventListener(name,
         event => { if (event.clientX < -9000) event.stopImmediatePropagation(); }, true));
@@ -172,11 +172,11 @@ EnginePage::EnginePage(QWebPage &page, QWebEngineProfile *profile)
           QWebEngineSettings::FocusOnNavigationEnabled, QWebEngineSettings::NavigateOnDropEnabled})
         settings()->setAttribute(attribute, false);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
-    const QString policy = QString::fromLatin1(POLICY);
+    const QString policy = QString::fromLatin1(policyScript);
     scripts().insert(
-        scriptAtCreation(QString::fromLatin1(BRIDGE).arg(m_secret, policy), QWebEngineScript::MainWorld, false));
+        scriptAtCreation(QString::fromLatin1(bridgeScript).arg(m_secret, policy), QWebEngineScript::MainWorld, false));
     scripts().insert(
-        scriptAtCreation(QString::fromLatin1(DISCRETION).arg(policy), QWebEngineScript::ApplicationWorld, true));
+        scriptAtCreation(QString::fromLatin1(discretionScript).arg(policy), QWebEngineScript::ApplicationWorld, true));
 
     connect(this, &QWebEnginePage::loadingChanged, this, &EnginePage::onLoading);
     connect(this, &QWebEnginePage::urlChanged, this, &EnginePage::onEngineUrl);
@@ -361,7 +361,7 @@ void EnginePage::makeSureOfAnAnswer()
 {
     if (renderProcessPid() == 0)
         return;
-    m_patience.start(RENDERER_PATIENCE);
+    m_patience.start(rendererPatience);
     runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
                   [self = QPointer<EnginePage>(this)](const QVariant &) {
                       if (self)
@@ -409,10 +409,10 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     const QPointer<EnginePage> self(this);
     QEventLoop loop;
     QTimer glance;
-    const QDeadlineTimer patience(LONGEST_PATIENCE);
+    const QDeadlineTimer patience(longestPatience);
     const double begin = processorTime(renderProcessPid());
     connect(&glance, &QTimer::timeout, &loop, [&] {
-        if (patience.hasExpired() || !self || processorTime(renderProcessPid()) - begin >= ANSWER_PATIENCE)
+        if (patience.hasExpired() || !self || processorTime(renderProcessPid()) - begin >= answerPatience)
             loop.quit();
     });
     connect(this, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
@@ -429,7 +429,7 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     });
     m_unanswered = 0;
     if (!answer->isThere) {
-        glance.start(GLANCE);
+        glance.start(glanceInterval);
         loop.exec(QEventLoop::ExcludeUserInputEvents);
         if (self && !answer->isThere && renderProcessPid() != 0)
             m_unanswered = 1;

@@ -34,7 +34,7 @@ void prepareEngine()
 Q_CONSTRUCTOR_FUNCTION(prepareEngine)
 
 // Where the end of a press goes that the page is not to see.
-const QPointF FAR_OUTSIDE(-100000, -100000);
+const QPointF farOutside(-100000, -100000);
 
 /// Shows the engine's view, and the list boxes that it opens, where they stand; events come from the web view.
 class PageProxy : public QGraphicsProxyWidget {
@@ -198,7 +198,7 @@ bool QGraphicsWebView::sceneEvent(QEvent *event)
         const bool result = QGraphicsWidget::sceneEvent(event);
         // Whoever keeps a release for himself must not leave the page with a finger on it.
         if (self && m_isPressed)
-            sendMouse(QEvent::MouseButtonRelease, FAR_OUTSIDE, Qt::NoModifier);
+            sendMouse(QEvent::MouseButtonRelease, farOutside, Qt::NoModifier);
         return result;
     }
     default:
