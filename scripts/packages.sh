@@ -16,7 +16,7 @@ esac
 qt=${VANTU_QT:-$packaged_qt}
 case $qt in
 5) preset_suffix='' qt_packages=(qtbase5-dev qtbase5-private-dev qttranslations5-l10n libqt5webkit5-dev) ;;
-6) preset_suffix=6 qt_packages=(qt6-base-dev qt6-base-dev-tools qt6-base-private-dev qt6-translations-l10n qt6-webengine-dev) ;;
+6) preset_suffix=6 qt_packages=(qt6-base-dev qt6-base-dev-tools qt6-base-private-dev qt6-translations-l10n qt6-webengine-dev libnss3-tools) ;;
 *) echo "VANTU_QT must be 5 or 6: \"$qt\"" >&2; exit 2 ;;
 esac
 

@@ -5,6 +5,8 @@
 
 #include <QNetworkRequest>
 
+#include <algorithm>
+
 QNetworkReply *DiscreetNetwork::createRequest(Operation operation, const QNetworkRequest &request,
                                               QIODevice *outgoingData)
 {
@@ -17,4 +19,12 @@ QNetworkReply *DiscreetNetwork::createRequest(Operation operation, const QNetwor
     if (isRefused(request.url()))
         discreet.setUrl(QUrl(QStringLiteral("refused:"))); // No protocol: the request fails like any unknown one.
     return QNetworkAccessManager::createRequest(operation, discreet, outgoingData);
+}
+
+QStringList DiscreetNetwork::supportedSchemesImplementation() const
+{
+    QStringList schemes = QNetworkAccessManager::supportedSchemesImplementation();
+    const auto isSchemeRefused = [](const QString &scheme) { return isRefused(QUrl(scheme + QLatin1Char(':'))); };
+    schemes.erase(std::remove_if(schemes.begin(), schemes.end(), isSchemeRefused), schemes.end());
+    return schemes;
 }

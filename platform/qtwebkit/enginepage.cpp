@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QMetaMethod>
+#include <QNetworkReply>
 #include <QScopedValueRollback>
 #include <QUuid>
 #include <QWebEngineScript>
@@ -24,6 +25,8 @@ constexpr int answerPatience = 1500; ///< with a page that computes
 constexpr int longestPatience = 10000; ///< with one that does not get to it: the machine is busy, or the page waits
 constexpr int rendererPatience = 3000;
 constexpr int glanceInterval = 100;
+
+constexpr int blockedByClient = -20; ///< the engine's error where a request was not let through
 
 // A policy counts once it has stood in a document's head; the parser makes a head of its own.
 const char policyScript[] = R"(function setPolicy(attribute, name, content) {
@@ -300,6 +303,8 @@ void EnginePage::onLoading(const QWebEngineLoadingInfo &info)
     } else if (isStopped) {
         // Nothing has failed: there is no page behind the address.
         end(false);
+    } else if (info.errorCode() == blockedByClient) {
+        fail(QWebPage::QtNetwork, QNetworkReply::ProtocolUnknownError, info.errorString());
     } else if (info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain) {
         fail(QWebPage::QtNetwork, info.errorCode(), info.errorString());
     } else if (ask(QStringLiteral("document.head.hasChildNodes() || document.body.hasChildNodes()")).toBool()) {

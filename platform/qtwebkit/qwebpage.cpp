@@ -13,18 +13,28 @@
 
 namespace {
 
-/// No other host learns where a request comes from.
-class ReferrerStrip : public QWebEngineUrlRequestInterceptor {
+/// What the page's network does not speak is not asked for. No other host learns where a request comes from.
+class DiscreetRequests : public QWebEngineUrlRequestInterceptor {
 public:
-    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+    DiscreetRequests(const QWebPage &page, QObject *parent)
+        : QWebEngineUrlRequestInterceptor(parent)
+        , m_page(page)
+    {
+    }
 
     void interceptRequest(QWebEngineUrlRequestInfo &request) override
     {
         const QUrl target = request.requestUrl();
+        const bool isOfNetwork = target.scheme() == QLatin1String("http") || target.scheme() == QLatin1String("https");
+        if (isOfNetwork && !m_page.networkAccessManager()->supportedSchemes().contains(target.scheme()))
+            request.block(true);
         const QUrl from = request.initiator();
         if (target.scheme() != from.scheme() || target.authority() != from.authority())
             request.setHttpHeader("Referer", QByteArray());
     }
+
+private:
+    const QWebPage &m_page;
 };
 
 } // namespace
@@ -35,7 +45,7 @@ QWebPage::QWebPage(QObject *parent)
     , m_engine(std::make_unique<EnginePage>(*this, m_profile.get()))
 {
     m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
-    m_profile->setUrlRequestInterceptor(new ReferrerStrip(m_profile.get()));
+    m_profile->setUrlRequestInterceptor(new DiscreetRequests(*this, m_profile.get()));
     connect(m_engine.get(), &EnginePage::loadBegins, this, &QWebPage::loadStarted);
     connect(m_engine.get(), &EnginePage::loadEnds, this, &QWebPage::loadFinished);
 }
