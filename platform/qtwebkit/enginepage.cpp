@@ -205,6 +205,7 @@ void EnginePage::open(const QWebEngineHttpRequest &request)
     if (!begin())
         return;
     m_isAsked = m_isOwnStart = m_isAnyPageThere = true;
+    m_isPageInTheWay = renderProcessPid() != 0;
     makeSureOfAnAnswer();
     load(request);
 }
@@ -379,7 +380,9 @@ void EnginePage::onRendererGone()
     m_objects.clear();
     m_unanswered = 0;
     if (m_isLoading && m_isAsked && !m_isCommitted) {
-        // It stood in the way of this load.
+        // It stood in the way of this load, unless it is one that the engine began and gave up by itself.
+        if (!std::exchange(m_isPageInTheWay, false))
+            return;
         m_isOwnStart = true;
         QMetaObject::invokeMethod(
             this, [this] { load(m_address); }, Qt::QueuedConnection);

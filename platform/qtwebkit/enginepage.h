@@ -84,6 +84,7 @@ private:
     bool m_isLoading = false;
     bool m_isCommitted = false; ///< the load's document has begun
     bool m_isAsked = false; ///< not by the page itself
+    bool m_isPageInTheWay = false; ///< the process of the page before may have to go first
     bool m_isOwnStart = false; ///< the engine has not told yet of the start of the load that was asked for
     bool m_isScriptless = false; ///< the document's scripts are switched off
     bool m_isLeft = false; ///< what should have taken the document's place did not come

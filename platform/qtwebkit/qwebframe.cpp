@@ -30,9 +30,9 @@ void QWebFrame::load(const QNetworkRequest &request, QNetworkAccessManager::Oper
 {
     const bool isPost = operation == QNetworkAccessManager::PostOperation;
     QWebEngineHttpRequest copy(request.url(), isPost ? QWebEngineHttpRequest::Post : QWebEngineHttpRequest::Get);
-    const QByteArray type = request.rawHeader("Content-Type");
-    if (!type.isEmpty())
-        copy.setHeader("Content-Type", type);
+    const auto names = request.rawHeaderList();
+    for (const QByteArray &name : names)
+        copy.setHeader(name, request.rawHeader(name));
     copy.setPostData(body);
     m_engine.open(copy);
 }

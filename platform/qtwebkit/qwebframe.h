@@ -22,8 +22,7 @@ public:
     QUrl url() const;
     void setUrl(const QUrl &url);
     void load(const QUrl &url);
-    /// Posts @p body, or gets the page where @p operation is no post. Of the request's headers the content type is
-    /// sent.
+    /// Posts @p body, or gets the page where @p operation is no post.
     void load(const QNetworkRequest &request,
               QNetworkAccessManager::Operation operation = QNetworkAccessManager::GetOperation,
               const QByteArray &body = QByteArray());

@@ -13,7 +13,8 @@
 
 namespace {
 
-/// What the page's network does not speak is not asked for. No other host learns where a request comes from.
+/// What the page's network does not speak is not asked for. No other host learns where a request comes from, and a post
+/// that the program asked for does not look like that of a page without a host.
 class DiscreetRequests : public QWebEngineUrlRequestInterceptor {
 public:
     DiscreetRequests(const QWebPage &page, QObject *parent)
@@ -31,6 +32,9 @@ public:
         const QUrl from = request.initiator();
         if (target.scheme() != from.scheme() || target.authority() != from.authority())
             request.setHttpHeader("Referer", QByteArray());
+        if (request.navigationType() == QWebEngineUrlRequestInfo::NavigationTypeTyped
+            && request.requestMethod() == "POST")
+            request.setHttpHeader("Origin", QByteArray());
     }
 
 private:
