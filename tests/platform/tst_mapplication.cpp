@@ -40,6 +40,7 @@ private slots:
         for (const auto &[how, output, status] : {std::tuple("request", "last resort", 0),
                                                   {"displayGone", "last resort", 0},
                                                   {"exit", "last resort", 0},
+                                                  {"inTime", "", 3},
                                                   {"standDown", "", 3}}) {
             Process process(QCoreApplication::applicationFilePath(), {"--end"_s, QLatin1String(how)});
             QVERIFY2(process.endsWith(status), how);
@@ -73,19 +74,20 @@ static int end(int argc, char **argv, const QByteArray &how)
     int display[2];
     if (socketpair(AF_UNIX, SOCK_STREAM, 0, display) != 0)
         return 1;
-    MEndWatch watch(display[0], std::chrono::milliseconds(100));
+    MEndWatch watch(display[0], std::chrono::milliseconds(how == "inTime" ? 60000 : 100));
     watch.setLastResort([] {
         std::fputs("last resort", stdout);
         std::fflush(stdout);
     });
-    if (how == "request" || how == "standDown")
+    if (how != "displayGone" && how != "exit")
         watch.request();
     if (how == "displayGone")
         close(display[1]);
     if (how == "exit")
         std::exit(1);
-    if (how == "standDown") {
+    if (how == "standDown")
         watch.standDown();
+    if (how == "standDown" || how == "inTime") {
         std::this_thread::sleep_for(std::chrono::milliseconds(300)); // Longer than the loop would be given.
         return 3;
     }
