@@ -476,8 +476,21 @@ void Tour::drag(const QPointF &from, const QPointF &to)
     act([&] { QTest::touchEvent(window, m_finger).release(0, windowPosition(to), window); });
 }
 
+/// A page hears no taps before its first picture stands on the screen, which on a slow machine is some time after its
+/// load.
+void Tour::waitUntilDrawn()
+{
+    QWebFrame *frame = part(&PageMembers::webView).page()->mainFrame();
+    frame->evaluateJavaScript(
+        QStringLiteral("var tourFrames = 0;"
+                       "(function next() { if (++tourFrames < 3) requestAnimationFrame(next) })()"));
+    waitUntil([&] { return frame->evaluateJavaScript(QStringLiteral("tourFrames")).toInt() == 3; },
+              QStringLiteral("the page to be drawn"));
+}
+
 QPointF Tour::reveal(const QString &selector)
 {
+    waitUntilDrawn();
     expect(!sceneRect(selector).isEmpty(), QStringLiteral("the page has no ") + selector);
     const QRectF sight = part(&PageMembers::webView).sceneBoundingRect() & m_window.sceneRect();
     for (int i = 0; i < mostDrags; ++i) {

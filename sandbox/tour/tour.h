@@ -122,6 +122,7 @@ private:
     void click(const QGraphicsItem *item);
     void clickAt(const QPointF &scenePosition);
     void drag(const QPointF &from, const QPointF &to);
+    void waitUntilDrawn();
     /// Where the element stands on the screen, after it has been dragged there.
     QPointF reveal(const QString &selector);
     /// Where the element stands, in sight or not; an empty rectangle where there is none.
