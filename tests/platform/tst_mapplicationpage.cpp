@@ -70,30 +70,23 @@ class PageTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void dragAndTapOnAChildAreGesturesOfThePageToo_data()
-    {
-        const Table<Finger::Kind, bool, QVector<QEvent::Type>> row("kind", "childTakesTouch", "heardByChild");
-        row("mouse", Finger::Mouse, false, mouseDrag);
-        row("finger", Finger::Touch, false, mouseDrag);
-        row("finger on a child that takes touch", Finger::Touch, true, touchDrag);
-    }
-
     void dragAndTapOnAChildAreGesturesOfThePageToo()
     {
-        QFETCH(Finger::Kind, kind);
-        QFETCH(bool, childTakesTouch);
-        QFETCH(QVector<QEvent::Type>, heardByChild);
-        StageWith<SwallowingPage> stage(kind);
-        Child child(stage.page.centralWidget(), childTakesTouch);
-        stage.finger.drag({200, 200}, {200, 300}, 2);
-        QCOMPARE(child.heard, heardByChild);
-        QVERIFY(stage.page.gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
-        QVERIFY(!stage.page.gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
+        for (const auto &[kind, childTakesTouch, heardByChild] : {std::tuple(Finger::Mouse, false, mouseDrag),
+                                                                  {Finger::Touch, false, mouseDrag},
+                                                                  {Finger::Touch, true, touchDrag}}) {
+            StageWith<SwallowingPage> stage(kind);
+            Child child(stage.page.centralWidget(), childTakesTouch);
+            stage.finger.drag({200, 200}, {200, 300}, 2);
+            QCOMPARE(child.heard, heardByChild);
+            QVERIFY(stage.page.gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
+            QVERIFY(!stage.page.gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
 
-        stage.page.gestures.clear();
-        stage.finger.tap({200, 200});
-        QVERIFY(stage.page.gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
-        QVERIFY(!stage.page.gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
+            stage.page.gestures.clear();
+            stage.finger.tap({200, 200});
+            QVERIFY(stage.page.gestures.contains({Qt::TapGesture, Qt::GestureFinished}));
+            QVERIFY(!stage.page.gestures.contains({Qt::PanGesture, Qt::GestureStarted}));
+        }
     }
 
     void keysReachWhoHasTheFocusAndReturnThePageToo()

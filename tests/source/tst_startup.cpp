@@ -34,27 +34,21 @@ class StartupTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void endsAtOnce_data()
-    {
-        const Table<QStringList, QStringList, int> row("arguments", "settings", "status");
-        const QStringList noDisplay{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY=nowhere"_s};
-        row("one", {"7"_s}, {}, 0);
-        row("four", plain + plain, {}, 0);
-        row("four, no display", plain + plain, noDisplay, 0);
-        row("no display", plain, noDisplay, 1);
-        row("no such platform", plain + QStringList{"-platform"_s, "nowhere"_s}, {}, 1);
-    }
     void endsAtOnce()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QStringList, settings);
-        QFETCH(int, status);
+        const QStringList noDisplay{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY=nowhere"_s};
         const TestService service;
         const GamePeer game;
-        Companion companion(arguments, settings);
-        QVERIFY(companion.endsWith(status));
-        QCOMPARE(companion.readAllStandardOutput(), QByteArray());
-        QCOMPARE(companion.readAllStandardError().count("vantu: no display: "), status);
+        for (const auto &[arguments, settings, status] : {std::tuple(QStringList("7"_s), QStringList(), 0),
+                                                          {plain + plain, {}, 0},
+                                                          {plain + plain, noDisplay, 0},
+                                                          {plain, noDisplay, 1},
+                                                          {plain + QStringList{"-platform"_s, "nowhere"_s}, {}, 1}}) {
+            Companion companion(arguments, settings);
+            QVERIFY2(companion.endsWith(status), qPrintable((arguments + settings).join(QLatin1Char(' '))));
+            QCOMPARE(companion.readAllStandardOutput(), QByteArray());
+            QCOMPARE(companion.readAllStandardError().count("vantu: no display: "), status);
+        }
         QVERIFY(service.urls().isEmpty());
         QVERIFY(game.calls.isEmpty());
     }
@@ -132,31 +126,26 @@ private slots:
         QVERIFY2(output.contains("heard QUIT\n") && output.contains("call ok") && output.endsWith("ended 0\n"), output);
     }
 
-    void endsWithoutGame_data()
-    {
-        QVERIFY(silentBus.isListening() || silentBus.listen(silentBusFolder.filePath("bus"_s)));
-        const Table<QStringList, QByteArray> row("settings", "complaint");
-        const QByteArray noBus("Cannot connect to the D-Bus session bus.\n");
-        row("no game", {}, "was not provided by any .service files\n");
-        row("no bus", {Process::noBus()}, noBus);
-        row("a bus that never speaks", {"DBUS_SESSION_BUS_ADDRESS=unix:path="_s + silentBus.fullServerName()}, noBus);
-    }
     void endsWithoutGame()
     {
-        QFETCH(QStringList, settings);
-        QFETCH(QByteArray, complaint);
-        const TestService service;
-        Companion companion(plain, settings);
-        QVERIFY(requestsStartPage(service));
-        companion.sendSignal(SIGTERM);
-        QVERIFY(companion.endsWith(0));
-        QVERIFY(companion.readAllStandardOutput().startsWith("EnTask\n"));
-        QCOMPARE(companion.readAllStandardError().count(complaint), 1);
+        const QTemporaryDir folder;
+        QLocalServer silentBus;
+        QVERIFY(silentBus.listen(folder.filePath("bus"_s)));
+        const QByteArray noBus("Cannot connect to the D-Bus session bus.\n");
+        const QString silence = "DBUS_SESSION_BUS_ADDRESS=unix:path="_s + silentBus.fullServerName();
+        for (const auto &[settings, complaint] :
+             {std::pair(QStringList(), QByteArray("was not provided by any .service files\n")),
+              {{Process::noBus()}, noBus},
+              {{silence}, noBus}}) {
+            const TestService service;
+            Companion companion(plain, settings);
+            QVERIFY(requestsStartPage(service));
+            companion.sendSignal(SIGTERM);
+            QVERIFY2(companion.endsWith(0), qPrintable(settings.join(QLatin1Char(' '))));
+            QVERIFY(companion.readAllStandardOutput().startsWith("EnTask\n"));
+            QCOMPARE(companion.readAllStandardError().count(complaint), 1);
+        }
     }
-
-private:
-    QTemporaryDir silentBusFolder;
-    QLocalServer silentBus;
 };
 
 QTEST_GUILESS_MAIN(StartupTest)
