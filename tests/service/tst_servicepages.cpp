@@ -233,12 +233,13 @@ private slots:
 
     void sharingStandsAmongTheInvitations()
     {
+        QCOMPARE(m_service->post(invitePath, "name[]=a&email[]=ann@vantu.test"), 200);
         QCOMPARE(m_emma->submit(L1("/vantu/games/recommend-via-twitter/id/7"), ""),
                  L1("/vantu/games/signal-twitter-send/gid/7"));
         QCOMPARE(m_emma->submit(L1("/vantu/facebook/share/gid/11"), ""), L1("/vantu/games/show-game/gid/11"));
         QVERIFY(m_emma->holds(L1("Shared. Thank you!")));
         QVERIFY(m_emma->open(L1("/vantu/friends/show-invite-email")));
-        QCOMPARE(words(*m_emma), L1("Facebook Night Tram WHEN Twitter Torvane WHEN"));
+        QCOMPARE(words(*m_emma), L1("Facebook Night Tram WHEN Twitter Torvane WHEN ann@vantu.test Torvane WHEN"));
     }
 
     void refusals()
