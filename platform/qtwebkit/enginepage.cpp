@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "enginepage.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QJsonDocument>
@@ -438,6 +439,8 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     m_unanswered = 0;
     if (!answer->isThere) {
         glance.start(glanceInterval);
+        // Inside the delivery of a posted event, Qt does not notice by itself that the engine's wait behind it.
+        QAbstractEventDispatcher::instance()->wakeUp();
         loop.exec(QEventLoop::ExcludeUserInputEvents);
         if (self && !answer->isThere && renderProcessPid() != 0)
             m_unanswered = 1;
