@@ -341,6 +341,7 @@ void EnginePage::commit(const QUrl &url)
 {
     const QPointer<EnginePage> self(this);
     m_isLeft = false;
+    m_isAnyPageThere = true;
     m_objects.clear();
     m_patience.stop();
     if (m_isLoading && !m_isCommitted) {
@@ -389,6 +390,8 @@ void EnginePage::onRendererGone()
             this, [this] { load(m_address); }, Qt::QueuedConnection);
         return;
     }
+    // Nobody is left who could answer a script; each would be waited for in vain.
+    m_isAnyPageThere = false;
     if (m_isLoading || begin())
         fail(QWebPage::WebKit, 0, QString());
 }
