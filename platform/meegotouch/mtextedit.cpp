@@ -248,6 +248,7 @@ bool MTextEdit::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::GraphicsSceneMousePress:
+    case QEvent::GraphicsSceneMouseDoubleClick: // the press of a finger that pans once more
         return holdBackPress(static_cast<QGraphicsSceneMouseEvent *>(event));
     case QEvent::GraphicsSceneMouseMove:
         if (!m_tracker.isTracking())
@@ -279,6 +280,7 @@ bool MTextEdit::holdBackPress(QGraphicsSceneMouseEvent *event)
     if (!canPan || event->button() != Qt::LeftButton || event->source() == Qt::MouseEventNotSynthesized)
         return false;
     m_panned = m_tracker.press(event->scenePos());
+    m_heldBack = event->type();
     event->accept();
     return true;
 }
@@ -286,7 +288,7 @@ bool MTextEdit::holdBackPress(QGraphicsSceneMouseEvent *event)
 /// Delivers the press that was held back, right before its @p release.
 void MTextEdit::deliverPress(QGraphicsItem *editor, const QGraphicsSceneMouseEvent &release)
 {
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    QGraphicsSceneMouseEvent press(m_heldBack);
     press.setWidget(release.widget());
     press.setPos(release.pos());
     press.setScenePos(release.scenePos());

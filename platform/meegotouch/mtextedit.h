@@ -80,5 +80,6 @@ private:
     MPositionBar *m_bar; // a child item
     MPanTracker m_tracker;
     bool m_panned = false; // since the last press
+    QEvent::Type m_heldBack = QEvent::None; // the kind of press that waits until it is a tap
     M::TextContentType m_contentType = M::FreeTextContentType;
 };
