@@ -130,6 +130,9 @@ private slots:
         m_finger->move({200, 240});
         m_view->hide();
         m_view->show();
+        // An engine may hear no taps before it has drawn the page again.
+        script("var drawn = false; requestAnimationFrame(() => requestAnimationFrame(() => drawn = true))");
+        QTRY_VERIFY(script("drawn").toBool());
         drag({{100, 100}});
         QTRY_COMPARE(seenByThePage(), "mousedown mousedown mouseup click"_s);
     }
