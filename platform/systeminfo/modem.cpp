@@ -8,7 +8,9 @@
 #include <QMap>
 #include <QVariantMap>
 
-Modem currentModem()
+namespace {
+
+Modem askModemManager()
 {
     constexpr int patience = 500; // milliseconds
     const QDBusConnection bus = QDBusConnection::systemBus();
@@ -27,4 +29,12 @@ Modem currentModem()
             return {imei, modem.value(QStringLiteral("OperatorCode")).toString()};
     }
     return {};
+}
+
+} // namespace
+
+Modem currentModem()
+{
+    static const Modem modem = askModemManager();
+    return modem;
 }

@@ -9,6 +9,6 @@ struct Modem {
     QString operatorCode; ///< of the network that it is registered in: a mobile country code and a network's code
 };
 
-/// The first modem that the system's ModemManager knows of; without one, or without an answer in half a second, an
-/// empty one.
+/// The first modem that the system's ModemManager knows of, which is asked once; without one, or without an answer in
+/// half a second, an empty one.
 Modem currentModem();

@@ -64,7 +64,6 @@ private slots:
     void identityOfTheModem()
     {
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
-        QVERIFY(currentModem().imei.isEmpty());
         qDBusRegisterMetaType<Interfaces>();
         qDBusRegisterMetaType<ManagedObjects>();
         // On the connection that asks, or the one that waits for the answer could not give it.
