@@ -344,7 +344,8 @@ void EnginePage::commit(const QUrl &url)
     m_isAnyPageThere = true;
     m_objects.clear();
     m_patience.stop();
-    if (m_isLoading && !m_isCommitted) {
+    // A script may have gone on to another document within the load, and the engine tells its address at any time.
+    if ((m_isLoading && !m_isCommitted) || url != m_documentUrl) {
         // Text that was given as a page is, to the engine, a page with the text for an address.
         m_documentUrl = url;
         if (!(m_isAsked && url.scheme() == QLatin1String("data")))
