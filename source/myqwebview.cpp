@@ -52,6 +52,11 @@ MyQWebView::MyQWebView()
     initDrag();
     connect(this, &QGraphicsWebView::loadStarted, this, [this] { showRetry(false); });
     connect(this, &QGraphicsWebView::loadFinished, this, [this](bool ok) {
+        if (!m_isEmpty && quietPage()->hasFailed() && page()->mainFrame()->contentsSize().isEmpty()) {
+            // Not even the page before is left: the next had begun, or the engine's process has gone.
+            m_isEmpty = true;
+            m_address = this->url();
+        }
         m_isEmpty = m_isEmpty && !ok;
         // What has come of a page that broke off is more than nothing.
         showRetry(m_isEmpty && !m_address.isEmpty() && documentText().trimmed().isEmpty());

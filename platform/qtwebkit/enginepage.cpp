@@ -164,7 +164,7 @@ QWebEngineScript scriptAtCreation(const QString &source, QWebEngineScript::Scrip
 } // namespace
 
 EnginePage::EnginePage(QWebPage &page, QWebEngineProfile *profile)
-    : QWebEnginePage(profile, nullptr)
+    : QWebEnginePage(profile, &page)
     , frame(*this)
     , webHistory(*history())
     , m_page(page)
@@ -394,7 +394,7 @@ void EnginePage::onRendererGone()
     // Nobody is left who could answer a script; each would be waited for in vain.
     m_isAnyPageThere = false;
     if (m_isLoading || begin())
-        fail(QWebPage::WebKit, 0, QString());
+        fail(QWebPage::QtNetwork, QNetworkReply::UnknownNetworkError, QString());
 }
 
 // Scripts
