@@ -103,9 +103,16 @@ bool MApplication::notify(QObject *receiver, QEvent *event)
 {
     // What takes text in a web page sends this one; the base class answers for Qt's own keyboards, and no receiver ever
     // sees it.
-    if (event->type() == QEvent::RequestSoftwareInputPanel)
+    const QEvent::Type type = event->type(); // Who is told may destroy it.
+    if (type == QEvent::RequestSoftwareInputPanel)
         MInputMethodState::requestSoftwareInputPanel();
-    return QApplication::notify(receiver, event);
+    // Here and not in the window: gestures are told of a touch before it is.
+    if (type == QEvent::TouchBegin)
+        MInputMethodState::setFingerDown(true);
+    const bool isHandled = QApplication::notify(receiver, event);
+    if (type == QEvent::TouchEnd || type == QEvent::TouchCancel)
+        MInputMethodState::setFingerDown(false);
+    return isHandled;
 }
 
 void MApplication::setLastResort(void (*lastResort)())

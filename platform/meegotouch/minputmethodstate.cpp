@@ -16,14 +16,25 @@ MInputMethodState *MInputMethodState::instance()
 
 void MInputMethodState::closeSoftwareInputPanel()
 {
+    instance()->m_isClosingDue = instance()->m_isFingerDown;
+    if (instance()->m_isClosingDue)
+        return;
     QGuiApplication::inputMethod()->hide();
     instance()->want(false);
 }
 
 void MInputMethodState::requestSoftwareInputPanel()
 {
+    instance()->m_isClosingDue = false;
     QGuiApplication::inputMethod()->show();
     instance()->want(true);
+}
+
+void MInputMethodState::setFingerDown(bool down)
+{
+    instance()->m_isFingerDown = down;
+    if (!down && instance()->m_isClosingDue)
+        closeSoftwareInputPanel();
 }
 
 /// A tap on the next field takes the keyboard away and asks for it again: only the last word counts.

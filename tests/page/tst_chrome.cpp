@@ -113,6 +113,19 @@ private slots:
         }
     }
 
+    void nothingMovesUnderAFingerOnTheNextField()
+    {
+        SoftwareKeyboard keyboard;
+        loadPage("/vantu/form.php"_s, {}, "<input style='width: 300px; height: 100px'>"_s.repeated(2));
+        Finger finger(window.get(), Finger::Touch);
+        for (const int y : {120, 270, 500}) {
+            finger.press({240, qreal(y)});
+            QVERIFY(keyboard.isInputPanelVisible() || y == 120);
+            finger.release();
+            QTRY_COMPARE(keyboard.isInputPanelVisible(), y != 500);
+        }
+    }
+
     void pageSurvivesItsWindow()
     {
         window.reset();
