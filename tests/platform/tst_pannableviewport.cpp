@@ -136,8 +136,7 @@ private slots:
         QFETCH(Finger::Kind, kind);
         Stage stage(kind);
         Panel panel(stage, 300);
-        stage.dragSlowly(onThirdRow, onFirstRow);
-        stage.finger.release();
+        stage.flick(onThirdRow, onFirstRow);
         const qreal atRelease = panel.viewport->position();
         QTRY_VERIFY(panel.viewport->position() > atRelease + 50);
         stage.finger.tap(onFirstRow);

@@ -5,6 +5,8 @@
 #include "mapplicationpage.h"
 #include "mapplicationwindow.h"
 
+#include <QElapsedTimer>
+
 /// A window with a page on it, and a finger to play on it with. Positions are scene pixels.
 template <typename Page> class StageWith {
 public:
@@ -38,6 +40,17 @@ public:
             QTest::qWait(5);
             finger.move(from + (to - from) * i / steps);
         }
+    }
+
+    /// The same, and lets go. Where the machine held the hand up it was none, and is tried again.
+    void flick(const QPointF &from, const QPointF &to)
+    {
+        QElapsedTimer time;
+        do {
+            time.start();
+            dragSlowly(from, to);
+            finger.release();
+        } while (time.elapsed() > 200);
     }
 
     QImage picture() { return window.grab().toImage().convertToFormat(QImage::Format_RGB32); }
