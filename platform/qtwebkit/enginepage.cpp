@@ -344,12 +344,12 @@ void EnginePage::commit(const QUrl &url)
     m_isAnyPageThere = true;
     m_objects.clear();
     m_patience.stop();
+    // Text that was given as a page is, to the engine, a page with the text for an address.
+    const QUrl address = m_isAsked && url.scheme() == QLatin1String("data") ? m_address : url;
+    m_documentUrl = url;
     // A script may have gone on to another document within the load, and the engine tells its address at any time.
-    if ((m_isLoading && !m_isCommitted) || url != m_documentUrl) {
-        // Text that was given as a page is, to the engine, a page with the text for an address.
-        m_documentUrl = url;
-        if (!(m_isAsked && url.scheme() == QLatin1String("data")))
-            m_address = url;
+    if ((m_isLoading && !m_isCommitted) || address != m_address) {
+        m_address = address;
         m_isCommitted = true;
         emit addressChanged(m_address);
         if (!self)
