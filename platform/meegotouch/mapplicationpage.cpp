@@ -12,6 +12,7 @@ MApplicationPage::MApplicationPage(QGraphicsItem *parent)
     for (Qt::GestureType type :
          {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture, Qt::SwipeGesture, Qt::PinchGesture})
         grabGesture(type);
+    setFlag(ItemClipsChildrenToShape); // What lies over the page, like a dialog's veil, ends where the page does.
     setCentralWidget(new QGraphicsWidget);
 }
 

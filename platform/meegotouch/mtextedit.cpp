@@ -126,6 +126,10 @@ void MTextEdit::makeEditor()
     // A proxy passes the focus, and what input methods write, to the widget in it that had the focus last.
     m_editor->setFocus();
     m_proxy->setWidget(m_editor);
+    if (m_proxy->hasFocus()) { // since before there was anybody to tell
+        QFocusEvent focusIn(QEvent::FocusIn, Qt::OtherFocusReason);
+        scene()->sendEvent(m_proxy, &focusIn);
+    }
     if (!rect().isEmpty()) // else the editor would scroll in the little that it gets
         placeEditor();
     setContentType(m_contentType);

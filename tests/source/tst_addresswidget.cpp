@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "portal.h"
+#include "softwarekeyboard.h"
 #include "stage.h"
 
 #include <functional>
@@ -128,7 +129,9 @@ private slots:
     {
         QFETCH(End, end);
         g_languageIdx = 2;
+        SoftwareKeyboard keyboard;
         const QPointer<InputDialog> asked(askForAddress());
+        QVERIFY(keyboard.isInputPanelVisible());
         QVERIFY(asked);
         QCOMPARE(asked->title(), "E-Mail-Adresse"_s);
         const auto *input = qobject_cast<MTextEdit *>(asked->centralWidget());
