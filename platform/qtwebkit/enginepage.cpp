@@ -290,9 +290,11 @@ void EnginePage::onLoading(const QWebEngineLoadingInfo &info)
             begin();
         return;
     }
-    // The end of what was stopped or taken over is told late.
+    // The end of what was stopped, was taken over or went with its process (a failure without an error) is told late.
     const bool isStopped = info.status() == QWebEngineLoadingInfo::LoadStoppedStatus;
-    if (!m_isLoading || (isStopped && m_isOwnStart && info.url() != m_address))
+    const bool isLost = info.status() == QWebEngineLoadingInfo::LoadFailedStatus
+        && info.errorDomain() == QWebEngineLoadingInfo::NoErrorDomain;
+    if (!m_isLoading || (m_isOwnStart && (isLost || (isStopped && info.url() != m_address))))
         return;
     m_patience.stop();
     if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) {
@@ -343,6 +345,7 @@ void EnginePage::commit(const QUrl &url)
     m_isLeft = false;
     m_isAnyPageThere = true;
     m_objects.clear();
+    m_unanswered = 0;
     m_patience.stop();
     // Text that was given as a page is, to the engine, a page with the text for an address.
     const QUrl address = m_isAsked && url.scheme() == QLatin1String("data") ? m_address : url;
@@ -423,9 +426,11 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     QEventLoop loop;
     QTimer glance;
     const QDeadlineTimer patience(longestPatience);
-    const double begin = processorTime(renderProcessPid());
+    const qint64 process = renderProcessPid();
+    const double begin = processorTime(process);
     connect(&glance, &QTimer::timeout, &loop, [&] {
-        if (patience.hasExpired() || !self || processorTime(renderProcessPid()) - begin >= answerPatience)
+        if (patience.hasExpired() || !self || renderProcessPid() != process
+            || processorTime(process) - begin >= answerPatience)
             loop.quit();
     });
     connect(this, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);

@@ -137,6 +137,24 @@ private slots:
         QCOMPARE(page->userID, QString());
     }
 
+    void pageThatComputesForEverGoes()
+    {
+        if (QT_VERSION < QT_VERSION_CHECK(6, 0, 0))
+            QSKIP("Such a page holds this engine");
+        for (const QString &address : {url("/vantu/friends"_s), "http://other.test/"_s}) {
+            service->answer(address,
+                            {"<script>onload = function() { setTimeout(function() { for (;;); }); }</script>"});
+            visit(address);
+            QTRY_VERIFY(!evaluate("1"_s).isValid());
+            service->answer("/vantu/games"_s, {TestService::page("sTitle = '%1'"_s.arg(address))});
+            QElapsedTimer time;
+            time.start();
+            QVERIFY(visit(url("/vantu/games"_s)));
+            QCOMPARE(page->lblWebTitle->text(), address);
+            QVERIFY(time.elapsed() < 9000);
+        }
+    }
+
     void loadsFromInsideTheBridge()
     {
         service->answer("/vantu/games"_s, {TestService::page({})});
