@@ -116,7 +116,8 @@ private slots:
     void nothingMovesUnderAFingerOnTheNextField()
     {
         SoftwareKeyboard keyboard;
-        loadPage("/vantu/form.php"_s, {}, "<input style='width: 300px; height: 100px'>"_s.repeated(2));
+        loadPage("/vantu/form.php"_s, {}, "<input value='text' style='width: 300px; height: 100px'>"_s.repeated(2));
+        waitUntilDrawn();
         Finger finger(window.get(), Finger::Touch);
         for (const int y : {120, 270, 500}) {
             finger.press({240, qreal(y)});

@@ -90,6 +90,13 @@ protected:
         load(path, TestService::page(variables, body));
     }
 
+    /// An engine may hear no taps before it has drawn something of the page.
+    void waitUntilDrawn()
+    {
+        evaluate("var drawn = false; requestAnimationFrame(() => requestAnimationFrame(() => drawn = true))"_s);
+        QTRY_VERIFY(evaluate("drawn"_s).toBool());
+    }
+
     void click(const QGraphicsItem *item) { Finger(window.get()).tap(item); }
 
     QVariant evaluate(const QString &script) { return page->webView->page()->mainFrame()->evaluateJavaScript(script); }
