@@ -7,6 +7,13 @@
 #include <QDBusPendingCallWatcher>
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QTimer>
+
+namespace {
+
+constexpr int closingDelay = 100; // milliseconds
+
+} // namespace
 
 MInputMethodState *MInputMethodState::instance()
 {
@@ -37,14 +44,15 @@ void MInputMethodState::setFingerDown(bool down)
         closeSoftwareInputPanel();
 }
 
-/// A tap on the next field takes the keyboard away and asks for it again: only the last word counts.
+/// A tap on the next field takes the keyboard away and asks for it again, at once or once a page has answered: only the
+/// last word counts.
 void MInputMethodState::want(bool visible)
 {
     m_isWanted = visible;
     if (m_isAskingSoon || (!visible && !m_wasShellAsked) || qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return;
     m_isAskingSoon = true;
-    QMetaObject::invokeMethod(this, &MInputMethodState::askShell, Qt::QueuedConnection);
+    QTimer::singleShot(visible ? 0 : closingDelay, this, &MInputMethodState::askShell);
 }
 
 void MInputMethodState::askShell()

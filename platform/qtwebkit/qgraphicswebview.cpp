@@ -12,6 +12,7 @@
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QQuickWindow>
+#include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <cmath>
@@ -258,8 +259,29 @@ void QGraphicsWebView::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 void QGraphicsWebView::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     event->accept();
-    if (m_isPressed && event->button() == Qt::LeftButton)
-        sendMouse(QEvent::MouseButtonRelease, event->pos(), event->modifiers());
+    if (!m_isPressed || event->button() != Qt::LeftButton)
+        return;
+    const QPointer<QGraphicsWebView> self(this);
+    sendMouse(QEvent::MouseButtonRelease, event->pos(), event->modifiers());
+    if (self)
+        askForKeyboard();
+}
+
+/// The engine itself asks Qt's input method only, and only where the field was not the one before: not for a keyboard
+/// that has been put away. The press has moved the focus; the answer comes later.
+void QGraphicsWebView::askForKeyboard()
+{
+    const auto ask = [self = QPointer<QGraphicsWebView>(this)](const QVariant &isForText) {
+        if (!self || !self->hasFocus() || !isForText.toBool())
+            return;
+        QEvent request(QEvent::RequestSoftwareInputPanel);
+        QCoreApplication::sendEvent(self->m_view, &request);
+    };
+    const auto script = QStringLiteral("(function(focus) { return focus.isContentEditable || focus.tagName == "
+                                       "'TEXTAREA' || (focus.tagName == 'INPUT' && "
+                                       "!/^(button|checkbox|color|file|image|radio|range|reset|submit)$/"
+                                       ".test(focus.type)); })(document.activeElement)");
+    page()->engine().runJavaScript(script, QWebEngineScript::ApplicationWorld, ask);
 }
 
 void QGraphicsWebView::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)

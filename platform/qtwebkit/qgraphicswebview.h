@@ -68,6 +68,7 @@ protected:
 
 private:
     void applyScale();
+    void askForKeyboard();
     void sendMouse(QEvent::Type type, const QPointF &position, Qt::KeyboardModifiers modifiers);
     bool takesKey(const QKeyEvent &event);
     void sendToEngine(QEvent *event);

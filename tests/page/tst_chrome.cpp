@@ -119,9 +119,11 @@ private slots:
         loadPage("/vantu/form.php"_s, {}, "<input value='text' style='width: 300px; height: 100px'>"_s.repeated(2));
         waitUntilDrawn();
         Finger finger(window.get(), Finger::Touch);
+        finger.tap({240, 120});
+        QTRY_VERIFY(keyboard.isInputPanelVisible());
         for (const int y : {120, 270, 500}) {
             finger.press({240, qreal(y)});
-            QVERIFY(keyboard.isInputPanelVisible() || y == 120);
+            QVERIFY(keyboard.isInputPanelVisible());
             finger.release();
             QTRY_COMPARE(keyboard.isInputPanelVisible(), y != 500);
         }
