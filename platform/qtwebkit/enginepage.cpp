@@ -375,9 +375,9 @@ void EnginePage::makeSureOfAnAnswer()
         return;
     m_patience.start(rendererPatience);
     runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
-                  [self = QPointer<EnginePage>(this)](const QVariant &) {
-                      if (self)
-                          self->m_patience.stop();
+                  [patience = QPointer<QTimer>(&m_patience)](const QVariant &) {
+                      if (patience)
+                          patience->stop();
                   });
 }
 
@@ -437,9 +437,10 @@ QVariant EnginePage::evaluate(const QString &script, quint32 world)
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     answer->waiting = &loop;
     ++m_unanswered;
-    runJavaScript(script, world, [self, answer](const QVariant &value) {
-        if (self)
-            self->m_unanswered = 0;
+    runJavaScript(script, world, [object = QPointer<QObject>(this), answer](const QVariant &value) {
+        // The engine answers all that it still owes while a page is destroyed, which is none of this class any more.
+        if (auto *page = qobject_cast<EnginePage *>(object.data()))
+            page->m_unanswered = 0;
         answer->value = value;
         answer->isThere = true;
         if (answer->waiting)
