@@ -15,7 +15,9 @@ else()
     option(VANTU_WARNINGS_ARE_ERRORS "Stop the build at a warning" OFF)
 endif()
 function(vantu_target target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic $<$<BOOL:${VANTU_WARNINGS_ARE_ERRORS}>:-Werror>)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic $<$<BOOL:${VANTU_WARNINGS_ARE_ERRORS}>:-Werror>
+        # Qt's own macros take no argument for "...".
+        $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 endfunction()
 
 # A target on Qt: the meta-object compiler, and no silent crossing between bytes and text.

@@ -300,6 +300,7 @@ private slots:
         });
         QCOMPARE(shownUrl(), url("/vantu/games"_s));
         QCOMPARE(shown(), "web tabs"_s);
+        QCOMPARE(page->lblWebTitle->color(), QColor(Qt::white));
         waitUntilDrawn();
         click(page->webView);
         QTRY_COMPARE(evaluate("clicks"_s).toInt(), 1);

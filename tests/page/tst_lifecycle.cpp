@@ -68,6 +68,7 @@ private slots:
             service->isSilent = true;
             for (const QString &target : {"https://vantu.test/"_s, url("/vantu/info/"_s)}) {
                 waitForLoad([&] { evaluate("location = '%1'"_s.arg(target)); });
+                QCOMPARE(shown(), "quit web tabs"_s);
                 QCOMPARE(picture->isVisible(),
                          QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) && target.startsWith(url(QString())));
             }
