@@ -157,7 +157,8 @@ private slots:
             QVERIFY(dialog.isOnDisplay());
 
             dialog.dismiss();
-            m_stage->finger.tap(onTheBoxOrBesideIt);
+            // Elsewhere: it is no second tap. The times of a test's touches and of its mouse are not of one clock.
+            m_stage->finger.tap(onTheBoxOrBesideIt + QPointF(0, 60));
             QVERIFY2(m_stage->page.heard > 0, "the page must react at once, also while the dialog still fades");
         }
     }
