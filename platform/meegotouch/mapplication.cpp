@@ -101,9 +101,9 @@ MApplication::~MApplication() = default;
 
 bool MApplication::notify(QObject *receiver, QEvent *event)
 {
+    const QEvent::Type type = event->type(); // Who is told may destroy it.
     // What takes text in a web page sends this one; the base class answers for Qt's own keyboards, and no receiver ever
     // sees it.
-    const QEvent::Type type = event->type(); // Who is told may destroy it.
     if (type == QEvent::RequestSoftwareInputPanel)
         MInputMethodState::requestSoftwareInputPanel();
     // Here and not in the window: gestures are told of a touch before it is.
