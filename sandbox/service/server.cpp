@@ -4,9 +4,13 @@
 #include "site.h"
 
 #include <arpa/inet.h>
+#include <cstdlib>
+#include <dirent.h>
 #include <httplib.h>
 #include <iostream>
 #include <map>
+#include <memory>
+#include <stdexcept>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -62,8 +66,11 @@ class Watch {
 public:
     explicit Watch(std::chrono::seconds limit)
         : m_limit(limit)
-        , m_thread([this] { run(); })
+        , m_files(opendir("/proc/self/fd"), closedir)
     {
+        if (!m_files)
+            throw std::runtime_error("cannot read /proc/self/fd");
+        m_thread = std::thread([this] { run(); });
     }
     ~Watch()
     {
@@ -98,11 +105,13 @@ private:
     void look()
     {
         std::map<ino_t, Clock::time_point> open;
-        for (int file = STDERR_FILENO + 1; file < getdtablesize(); ++file) {
+        rewinddir(m_files.get());
+        while (const dirent *entry = readdir(m_files.get())) {
+            const int file = std::atoi(entry->d_name);
             struct stat about { };
             int isListening = 0;
             socklen_t size = sizeof isListening;
-            if (fstat(file, &about) != 0 || !S_ISSOCK(about.st_mode)
+            if (file <= STDERR_FILENO || fstat(file, &about) != 0 || !S_ISSOCK(about.st_mode)
                 || getsockopt(file, SOL_SOCKET, SO_ACCEPTCONN, &isListening, &size) != 0 || isListening != 0)
                 continue;
             const auto known = m_open.find(about.st_ino);
@@ -117,6 +126,9 @@ private:
     }
 
     const std::chrono::seconds m_limit;
+    /// Open all the time, for where no more files can be opened it is needed most. Not every number up to the limit is
+    /// looked at instead: some systems allow a thousand million.
+    const std::unique_ptr<DIR, int (*)(DIR *)> m_files;
     std::mutex m_mutex;
     std::condition_variable m_woken;
     bool m_isHurried = false;
