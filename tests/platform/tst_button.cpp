@@ -160,8 +160,13 @@ private slots:
         QTest::keyPress(&stage.window, Qt::Key_Space);
         button->clearFocus();
         QVERIFY(!button->isDown());
+        button->setFocus();
         QTest::keyRelease(&stage.window, Qt::Key_Space);
         QCOMPARE(button->clicks(), 3);
+        QTest::keyPress(&stage.window, Qt::Key_Space);
+        button->click();
+        QTest::keyRelease(&stage.window, Qt::Key_Space);
+        QCOMPARE(button->clicks(), 4);
     }
 
     void aHandlerMayDeleteTheButton()

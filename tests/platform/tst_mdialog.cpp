@@ -92,6 +92,20 @@ private slots:
     void init() { m_stage = std::make_unique<StageWith<Ground>>(); }
     void cleanup() { m_stage.reset(); }
 
+    void leavesByFading()
+    {
+        const QImage without = m_stage->picture();
+        MDialog dialog("Dialog"_s, M::OkButton);
+        dialog.appear(&m_stage->window);
+        QTRY_VERIFY(dialog.hasAppeared());
+        m_stage->window.scene()->setFocusItem(nullptr);
+        const QImage with = m_stage->picture();
+        QVERIFY(with != without);
+        dialog.dismiss();
+        QCOMPARE(m_stage->picture(), with);
+        QTRY_COMPARE(m_stage->picture(), without);
+    }
+
     void endsOnceHoweverItEnds_data()
     {
         const Table<int, End> row("result", "end");

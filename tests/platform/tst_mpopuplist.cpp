@@ -80,6 +80,12 @@ private slots:
         finger.drag(centreOf(1), centreOf(2));
         finger.drag({240, 20}, centreOf(1));
         finger.drag({240, m_list->centralWidget()->y() - 30}, {240, 20});
+        // Between two rows, by less than a drag, and back.
+        const QPointF edge = centreOf(1) + QPointF(0, MStyle::rowHeight / 2 - 1);
+        finger.press(edge);
+        finger.move(edge + QPointF(0, 4));
+        finger.move(edge);
+        finger.release();
         QVERIFY(m_list->isOnDisplay());
         QVERIFY(m_picked.isEmpty());
     }

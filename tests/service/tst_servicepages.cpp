@@ -158,6 +158,14 @@ private slots:
             QVERIFY2(m_emma->open(page.section(QLatin1Char('\n'), 0, 0)), qPrintable(page));
             QCOMPARE(words(*m_emma), page.section(QLatin1Char('\n'), 1));
         }
+        // A message has one time, wherever it stands.
+        const auto sent = [this](const char *path) {
+            m_emma->open(L1(path));
+            static const QRegularExpression moment(L1("win :-\\) (\\d\\d(:\\d\\d| [A-Z][a-z]{2}))"));
+            return moment.match(m_emma->text().simplified()).captured(1);
+        };
+        QVERIFY(!sent("/vantu/messages/sent/").isEmpty());
+        QCOMPARE(sent("/vantu/messages/index"), sent("/vantu/messages/sent/"));
     }
 
     void variablesTellWhatIsShown()

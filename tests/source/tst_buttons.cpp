@@ -130,14 +130,21 @@ private slots:
         const QRect room(10, 0, 110, 40); // without the margins
         MButton bare;
         bare.resize(130, 40);
+        QGraphicsScene scene;
+        QFont small = bare.font();
+        small.setPixelSize(8);
         QString text = "n"_s;
         while (QFontMetrics(bare.font()).horizontalAdvance(text) < room.width())
             text += "n"_s;
         for (const QString &shown : {text + "n"_s, text.repeated(3)}) {
             MButton button(shown);
             button.resize(130, 40);
+            scene.addItem(&button);
+            QCoreApplication::processEvents();
             const QRect letters = difference(drawn(&button), drawn(&bare));
             QVERIFY(room.contains(letters) && letters.width() > room.width() * 9 / 10);
+            button.setFont(small);
+            QVERIFY(difference(drawn(&button), drawn(&bare)).height() < letters.height());
         }
     }
 

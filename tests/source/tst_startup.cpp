@@ -27,6 +27,20 @@ bool requestsStartPage(const TestService &service)
 
 const QStringList plain{"7"_s, "0"_s};
 
+/// The companion in @p folder, on a system where Qt comes with no plugin for any display.
+QString withoutPlatforms(const QTemporaryDir &folder)
+{
+    const QString plugin = "/platforms/libqminimal.so"_s;
+    const QString program = folder.filePath("vantu"_s);
+    QFile settings(folder.filePath("qt.conf"_s));
+    if (!QDir(folder.path()).mkdir("platforms"_s) || !QFile::copy(QStringLiteral(COMPANION_PROGRAM), program)
+        || !QFile::link(QCoreApplication::libraryPaths().constFirst() + plugin, folder.path() + plugin)
+        || !settings.open(QFile::WriteOnly))
+        return QString();
+    settings.write("[Paths]\nPlugins = .\n");
+    return program;
+}
+
 } // namespace
 
 /// The companion as a program: its arguments, its start URL and its end.
@@ -36,18 +50,26 @@ class StartupTest : public QObject {
 private slots:
     void endsAtOnce()
     {
-        const QStringList noDisplay{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY=nowhere"_s};
+        const QTemporaryDir folder;
+        const QStringList noDisplay{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY="_s};
+        const QStringList noWayland{"QT_QPA_PLATFORM="_s, "DISPLAY="_s, "WAYLAND_DISPLAY=nowhere"_s};
+        const QString program = QStringLiteral(COMPANION_PROGRAM);
+        const QString bare = withoutPlatforms(folder);
         const TestService service;
         const GamePeer game;
-        for (const auto &[arguments, settings, status] : {std::tuple(QStringList("7"_s), QStringList(), 0),
-                                                          {plain + plain, {}, 0},
-                                                          {plain + plain, noDisplay, 0},
-                                                          {plain, noDisplay, 1},
-                                                          {plain + QStringList{"-platform"_s, "nowhere"_s}, {}, 1}}) {
-            Companion companion(arguments, settings);
-            QVERIFY2(companion.endsWith(status), qPrintable((arguments + settings).join(QLatin1Char(' '))));
+        for (const auto &[name, arguments, settings, reason] :
+             {std::tuple(program, QStringList("7"_s), QStringList(), ""),
+              {program, plain + plain, {}, ""},
+              {program, plain + plain, noDisplay, ""},
+              {program, plain, noDisplay, "DISPLAY=:nowhere does not answer"},
+              {bare, plain, noWayland, "Qt's plugin for Wayland (Debian: qtwayland5 or qt6-wayland) is missing"},
+              {program, plain + QStringList{"-platform"_s, "nowhere"_s}, {}, "-platform nowhere opens none"}}) {
+            Companion companion(arguments, settings, name);
+            QVERIFY2(companion.endsWith(*reason ? 1 : 0), qPrintable((arguments + settings).join(QLatin1Char(' '))));
             QCOMPARE(companion.readAllStandardOutput(), QByteArray());
-            QCOMPARE(companion.readAllStandardError().count("vantu: no display: "), status);
+            const QByteArray errors = companion.readAllStandardError();
+            QCOMPARE(errors.count("vantu: no display: "), *reason ? 1 : 0);
+            QVERIFY2(errors.trimmed().endsWith(reason), errors);
         }
         QVERIFY(service.urls().isEmpty());
         QVERIFY(game.calls.isEmpty());
@@ -68,17 +90,19 @@ private slots:
         QVERIFY2(expected.match(url).hasMatch(), qPrintable(url));
     }
 
-    void signalsTellTheGameOnce_data()
+    void endTellsTheGameOnce_data()
     {
         const Table<QList<int>, QByteArray> row("signalsSent", "html");
         for (const int signal : endSignals)
             row(strsignal(signal), {signal}, "late");
         row("all", {SIGINT, SIGTERM, SIGINT, SIGHUP}, "late");
         row("without a network", {SIGTERM}, {});
-        row("while a page computes for ever", {SIGTERM, SIGINT},
-            "<script>r = new XMLHttpRequest; r.open('GET', '/hangs', false); r.send(); for (;;);</script>");
+        const QByteArray hanging
+            = "<script>r = new XMLHttpRequest; r.open('GET', '/hangs', false); r.send(); for (;;);</script>";
+        row("while a page computes for ever", {SIGTERM, SIGINT}, hanging);
+        row("display gone meanwhile", {}, hanging);
     }
-    void signalsTellTheGameOnce()
+    void endTellsTheGameOnce()
     {
         QFETCH(QList<int>, signalsSent);
         QFETCH(QByteArray, html);
@@ -89,7 +113,11 @@ private slots:
         service.answer("/vantu/"_s, {html, 200, {}, hangs ? 0 : 1000});
         // The bus is found behind an address that leads nowhere, too.
         const QString address = "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere;"_s;
-        Companion companion(plain, {address + qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")});
+        QStringList settings{address + qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")};
+        Process display("Xvfb"_s, {"-displayfd"_s, "1"_s, "-nolisten"_s, "tcp"_s});
+        if (signalsSent.isEmpty())
+            settings += {"QT_QPA_PLATFORM=xcb"_s, "DISPLAY=:"_s + QString::fromLatin1(display.nextLine().trimmed())};
+        Companion companion(plain, settings);
         // Nor does another signal change anything while the game makes up its mind.
         const GamePeer game([&companion](const QDBusMessage &call) {
             companion.sendSignal(SIGTERM);
@@ -99,6 +127,8 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(service.urls().size(), requests, 20000);
         for (const int signal : signalsSent)
             companion.sendSignal(signal);
+        if (signalsSent.isEmpty())
+            display.kill();
         QVERIFY(companion.endsWith(0));
         const QByteArray output = companion.readAllStandardOutput();
         QVERIFY(output.startsWith("EnTask\ncall ok"));
