@@ -108,6 +108,8 @@ QStringList MLabel::brokenLines(qreal width) const
 
 QStringList MLabel::fittingLines() const
 {
+    if (m_text.isEmpty())
+        return {}; // Without loading its font.
     const QFontMetricsF metrics(font());
     const QRectF area = contentsRect();
     QStringList lines = brokenLines(area.width());
@@ -131,6 +133,8 @@ void MLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget 
         m_lines = fittingLines();
         m_laidOut = true;
     }
+    if (m_lines.isEmpty())
+        return;
     painter->setFont(font());
     painter->setPen(m_color);
     const qreal lineHeight = QFontMetricsF(font()).lineSpacing();
