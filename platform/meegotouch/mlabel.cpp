@@ -12,16 +12,6 @@
 #include <cmath>
 #include <utility>
 
-namespace {
-
-QFont labelFont(QFont font)
-{
-    font.setPixelSize(MStyle::fontPixelSize);
-    return font;
-}
-
-} // namespace
-
 MLabel::MLabel(QGraphicsItem *parent)
     : MLabel(QString(), parent)
 {
@@ -32,7 +22,6 @@ MLabel::MLabel(const QString &text, QGraphicsItem *parent)
     , m_text(text)
     , m_color(MStyle::labelText)
 {
-    setFont(labelFont(font()));
 }
 
 void MLabel::textChanged()

@@ -58,10 +58,7 @@ private slots:
             QCOMPARE(service->urls(), QStringList(url("/vantu/games"_s)));
             QCOMPARE(shown(), "web tabs"_s);
             QVERIFY(!picture->isVisible());
-            const auto children = page->webView->childItems();
-            QCOMPARE(std::any_of(children.begin(), children.end(),
-                                 [](QGraphicsItem *item) { return dynamic_cast<MFocusRing *>(item); }),
-                     byKey);
+            QCOMPARE(!only<MFocusRing>(page->webView->childItems()).isEmpty(), byKey);
 
             // A link that leads nowhere leaves its page in sight, unless the engine has begun the next with its
             // headers.
@@ -227,13 +224,7 @@ private slots:
     }
 
 private:
-    const QGraphicsItem *retryPicture() const
-    {
-        const auto items = page->webView->childItems();
-        const auto found = std::find_if(items.begin(), items.end(),
-                                        [](QGraphicsItem *item) { return dynamic_cast<RetryButton *>(item); });
-        return found == items.end() ? nullptr : *found;
-    }
+    const QGraphicsItem *retryPicture() const { return only<RetryButton>(page->webView->childItems()).value(0); }
 };
 
 PORTAL_TEST_MAIN(LifecycleTest)

@@ -68,14 +68,11 @@ private:
 
     static QPointF centre(const MButton *button) { return button->mapToScene(button->rect().center()); }
 
-    QList<MButton *> buttons() const
+    QVector<MButton *> buttons() const
     {
-        QList<MButton *> result;
-        for (QGraphicsItem *item : window->scene()->items()) {
-            auto *button = dynamic_cast<MButton *>(item);
-            if (button && targetAt(centre(button)) == button)
-                result << button;
-        }
+        QVector<MButton *> result = only<MButton>(window->scene()->items());
+        const auto isCovered = [this](const MButton *button) { return targetAt(centre(button)) != button; };
+        result.erase(std::remove_if(result.begin(), result.end(), isCovered), result.end());
         return result;
     }
 
@@ -85,7 +82,7 @@ private:
     /// Null if there is none.
     QPointF wayOut() const
     {
-        const QList<MButton *> touchable = buttons();
+        const QVector<MButton *> touchable = buttons();
         if (dialog())
             return touchable.isEmpty() ? QPointF(1, 1) : centre(touchable.first());
         const QList<MButton *> ways{page->btnStopPicking, page->btnCancel, page->btnBack, page->btnHome, page->btnQuit};

@@ -202,10 +202,7 @@ private slots:
     void oneWarningAtATime()
     {
         load("/vantu/info/"_s, "<script>for (var i = 0; i < 50; ++i) VANTU.on_SelectButtonClicked(8)</script>");
-        int boxes = 0;
-        for (QGraphicsItem *item : window->scene()->items())
-            boxes += dynamic_cast<MMessageBox *>(item) ? 1 : 0;
-        QCOMPARE(boxes, 1);
+        QCOMPARE(only<MMessageBox>(window->scene()->items()).size(), 1);
     }
 
     void onlyThePlayerSends()

@@ -128,16 +128,6 @@ private slots:
         }
     }
 
-    void aDoubleClickIsTwoClicks()
-    {
-        Stage stage;
-        auto *button = new TellingButton(&stage);
-        stage.finger.tap(inside);
-        stage.finger.pressAgain(inside);
-        stage.finger.release();
-        QCOMPARE(button->clicks(), 2);
-    }
-
     void keysClickOnceTabHasLedThere()
     {
         Stage stage;

@@ -65,12 +65,9 @@ public:
 
     MButton *button(const char *text) const
     {
-        for (QGraphicsItem *child : childItems()) {
-            auto *button = qobject_cast<MButton *>(child->toGraphicsObject());
-            if (button && button->text() == QLatin1String(text))
-                return button;
-        }
-        return nullptr;
+        const auto buttons = only<MButton>(childItems());
+        return *std::find_if(buttons.begin(), buttons.end(),
+                             [text](const MButton *button) { return button->text() == QLatin1String(text); });
     }
 
 private:

@@ -172,15 +172,10 @@ private slots:
     }
 
 private:
-    QList<MButton *> recipients() const
+    QVector<MButton *> recipients() const
     {
-        QList<MButton *> found;
-        const QList<QGraphicsItem *> items = m_panel->widget()->childItems();
-        for (QGraphicsItem *item : items) {
-            auto *button = qobject_cast<MButton *>(item->toGraphicsObject());
-            if (button && button != addButton())
-                found << button;
-        }
+        QVector<MButton *> found = only<MButton>(m_panel->widget()->childItems());
+        found.removeOne(addButton());
         return found;
     }
 
@@ -194,13 +189,8 @@ private:
     {
         QCoreApplication::processEvents();
         tap(addButton());
-        const QList<QGraphicsItem *> items = m_stage->window.scene()->items();
-        for (QGraphicsItem *item : items) {
-            auto *dialog = qobject_cast<InputDialog *>(item->toGraphicsObject());
-            if (dialog && QTest::qWaitFor([dialog] { return dialog->hasAppeared(); }))
-                return dialog;
-        }
-        return nullptr;
+        InputDialog *dialog = only<InputDialog>(m_stage->window.scene()->items()).value(0);
+        return dialog && QTest::qWaitFor([dialog] { return dialog->hasAppeared(); }) ? dialog : nullptr;
     }
 
     // Near the edge: neighbours that react around themselves must not reach in there.

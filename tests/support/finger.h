@@ -101,6 +101,17 @@ private:
 
 Q_DECLARE_METATYPE(Finger::Kind)
 
+/// Those of @p items that are of that type.
+template <typename Type> QVector<Type *> only(const QList<QGraphicsItem *> &items)
+{
+    QVector<Type *> found;
+    for (QGraphicsItem *item : items) {
+        if (auto *typed = dynamic_cast<Type *>(item))
+            found << typed;
+    }
+    return found;
+}
+
 /// The rows of a test that has to hold for both.
 inline void addFingerKinds()
 {
