@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "globaldefine.h"
+#include "mlabel.h"
 #include "mybutton.h"
 #include "resmanager.h"
 #include "testing.h"
@@ -31,13 +32,13 @@ QImage composed(const QVector<QPair<int, QPoint>> &layers)
     return canvas;
 }
 
-/// What the button draws on the same colour.
-QImage drawn(MButton *button)
+/// What the widget draws on the same colour.
+QImage drawn(QGraphicsWidget *widget)
 {
     QImage canvas = composed({});
     QPainter painter(&canvas);
     QStyleOptionGraphicsItem option;
-    button->paint(&painter, &option);
+    widget->paint(&painter, &option, nullptr);
     return canvas;
 }
 
@@ -146,6 +147,17 @@ private slots:
             button.setFont(small);
             QVERIFY(difference(drawn(&button), drawn(&bare)).height() < letters.height());
         }
+    }
+
+    void labelShowsItsText()
+    {
+        MLabel label("one"_s);
+        label.resize(130, 40);
+        const QImage one = drawn(&label);
+        label.setText("two"_s);
+        QVERIFY(drawn(&label) != one);
+        label.setText({});
+        QCOMPARE(drawn(&label), composed({}));
     }
 
     void commandIsPlacedByLayoutsOnly()
