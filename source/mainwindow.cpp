@@ -43,9 +43,10 @@ void MainWindow::showExpanded()
     show();
     vantuWidget = new VantuPage;
     vantuWidget->appear(this, MSceneWindow::KeepWhenDone);
-    // For X11, where the window brings its own; it can wait until the first page is there.
+    // On X11 the window brings its own icon. That can wait until the first page is there.
     constexpr int delay = 500; // milliseconds
-    QTimer::singleShot(delay, this, [this] { setWindowIcon(QIcon(QStringLiteral(":/window/icon.png"))); });
+    if (QGuiApplication::platformName() == QLatin1String("xcb"))
+        QTimer::singleShot(delay, this, [this] { setWindowIcon(QIcon(QStringLiteral(":/window/icon.png"))); });
 }
 
 // Deliberately without a look at is_Send_Resume: whoever sends that has said before that the end has begun.
