@@ -178,6 +178,9 @@ private slots:
                  expected({"heading 'Send Message'", "push button 'Send'", "push button 'Cancel'", "label 'To: '",
                            "push button 'Add recipient'", "push button 'Remove Ben'",
                            "text 'Message' editable focused: Hi Ben"}));
+        const QAccessibleInterface *shown = QAccessible::queryAccessibleInterface(window.get());
+        for (int i = 0; i < shown->childCount(); ++i)
+            QCOMPARE(shown->child(i)->parent(), shown);
         press("Remove Ben");
         QTRY_COMPARE(page->addrWidget->getRecipientsCount(), 0);
     }

@@ -261,6 +261,7 @@ private slots:
         stage.put(spinner, spinnerPlace);
         QVERIFY(spinner->isSpinning());
         const QImage before = stage.picture(spinner);
+        QCOMPARE(before.pixel(75, 60), before.pixel(5, 20)); // its plate, on both sides
         QTRY_VERIFY(stage.picture(spinner) != before);
 
         stage.page.hide();
