@@ -179,8 +179,12 @@ private slots:
                            "push button 'Add recipient'", "push button 'Remove Ben'",
                            "text 'Message' editable focused: Hi Ben"}));
         const QAccessibleInterface *shown = QAccessible::queryAccessibleInterface(window.get());
-        for (int i = 0; i < shown->childCount(); ++i)
+        for (int i = 0; i < shown->childCount(); ++i) {
             QCOMPARE(shown->child(i)->parent(), shown);
+            const QAccessibleTextInterface *field = shown->child(i)->textInterface();
+            QCOMPARE(field ? field->offsetAtPoint(field->characterRect(3).topLeft() + QPoint(1, 3)) : 3, 3);
+            QCOMPARE(field ? field->offsetAtPoint({-1, -1}) : -1, -1);
+        }
         press("Remove Ben");
         QTRY_COMPARE(page->addrWidget->getRecipientsCount(), 0);
     }

@@ -243,6 +243,8 @@ private slots:
         page->webView->setFocus();
         press(Qt::Key_Down);
         QVERIFY2(page->webView->page()->mainFrame()->scrollPosition().y() > 20, "arrows walk among friends only");
+        waitForLoad([&] { press(Qt::Key_Escape); });
+        QVERIFY(shownUrl() != url(conversation));
     }
 
     void sendChecksRecipientsFirst()
