@@ -14,24 +14,14 @@ class MApplicationPage : public MSceneWindow {
 public:
     explicit MApplicationPage(QGraphicsItem *parent = nullptr);
 
-    /// The widget that fills the page; the page makes an empty one of its own at the start.
+    /// The widget that fills the page, which owns it.
     QGraphicsWidget *centralWidget() const { return m_centralWidget; }
 
-    /// Puts @p widget in the place of the central widget, which is destroyed. The page owns it. Null leaves the page
-    /// empty.
-    void setCentralWidget(QGraphicsWidget *widget);
-
-    /// Whether a drag moves a central widget that is higher than the page (its preferred height). True at the start.
-    void setPannable(bool pannable);
+    /// Deliberately nothing to do: no page pans. An application may say that it counts on it.
+    void setPannable(bool) { }
 
     void setGeometry(const QRectF &rect) override;
 
-protected:
-    void gestureEvent(QGestureEvent *event) override;
-
 private:
-    void placeCentralWidget(qreal top);
-
-    QPointer<QGraphicsWidget> m_centralWidget;
-    bool m_pannable = true;
+    QGraphicsWidget *m_centralWidget;
 };

@@ -8,10 +8,9 @@ using L1 = QLatin1String;
 
 namespace {
 
-const char *const variableNames[]
-    = {"sUserUid",  "iInboxMessages", "iGamesMessages", "iFriendsMessages", "iGameId",
-       "sSubject",  "bIsFriend",      "bShowAdd",       "bShowEvaluate",    "iUserId",
-       "sUserName", "sTitle",         "strUserName",    "strPassword",      "blnRememberMe"};
+const char variableNames[]
+    = "sUserUid iInboxMessages iGamesMessages iFriendsMessages iGameId sSubject bIsFriend bShowAdd "
+      "bShowEvaluate iUserId sUserName sTitle strUserName strPassword blnRememberMe";
 
 const L1 messagePath("/vantu/messages/send-message/android_uid/7u102");
 const L1 trophyPath("/vantu/index/add-trophy7/android_uid/u101/kvb_game/7");
@@ -137,7 +136,7 @@ private slots:
         for (const QByteArray &path : paths.split(' ')) {
             QVERIFY2(m_emma->open(L1(path)), path);
             QCOMPARE(m_emma->holds(error), path == "/vantu/error");
-            for (const char *name : variableNames)
+            for (const QByteArray &name : QByteArray(variableNames).split(' '))
                 QVERIFY2(!m_emma->variable(L1(name)).isNull(), (path + ": " + name).constData());
             const QString title = m_emma->variable(L1("sTitle"));
             QVERIFY2(!title.isEmpty() && title.size() <= 18, qPrintable(title));
