@@ -249,12 +249,8 @@ private slots:
     {
         const QString game = "7"_s;
         const QString user = "p12"_s;
-        QCOMPARE(messageUrl(game, user).toString(), url("/vantu/messages/send-message/android_uid/7p12"_s));
         QCOMPARE(invitationUrl(game, user).toString(), url("/vantu/games/recommend-via-mail/id/7/android_uid/p12"_s));
-        QCOMPARE(trophyUrl({}, user, 7).toString(), url("/vantu/index/add-trophy/android_uid/p12/kvb_game/7"_s));
         QCOMPARE(trophyUrl(game, user, 8).toString(), url("/vantu/index/add-trophy7/android_uid/p12/kvb_game/8"_s));
-        QCOMPARE(rateUrl(user, 0).toString(), url("/vantu/friends/evaluate/fid/p12/value/0"_s));
-        QCOMPARE(facebookUrl(game).toString(), url("/vantu/games/show-game/gid/7/fb_send/yes"_s));
     }
 
     void accentsOfTheTextsAreLatin1()

@@ -85,8 +85,8 @@ private slots:
                  std::pair(Places({{0, 0, 100, 40}, {0, 50, 460, 40}, {0, 100, 100, 40}}), 140.0));
     }
 
-    void tapsReachTheContent_data() { addFingerKinds(); }
-    void tapsReachTheContent()
+    void tapsReachTheContentDragsPan_data() { addFingerKinds(); }
+    void tapsReachTheContentDragsPan()
     {
         QFETCH(Finger::Kind, kind);
         Stage stage(kind);
@@ -101,16 +101,8 @@ private slots:
         const QPointF onClippedRow(80, place.bottom() + 5);
         stage.finger.tap(onClippedRow);
         QCOMPARE(panel.clicks.size(), 1);
-    }
 
-    void dragsPanAndDoNotClick_data() { addFingerKinds(); }
-    void dragsPanAndDoNotClick()
-    {
-        QFETCH(Finger::Kind, kind);
-        Stage stage(kind);
-        Panel panel(stage, 30);
         stage.finger.press(onThirdRow);
-        QVERIFY(panel.buttons.at(6)->isDown());
         stage.finger.move(onThirdRow - QPointF(0, 15));
         QVERIFY(!panel.buttons.at(6)->isDown());
         // Back on the button that was pressed: the finger pans, whatever lies under it.
@@ -119,7 +111,7 @@ private slots:
         QTRY_VERIFY2(panel.viewport->position() > 60, qPrintable(QString::number(panel.viewport->position())));
         QVERIFY(panel.viewport->position() <= 100);
         stage.finger.release();
-        QVERIFY(panel.clicks.isEmpty());
+        QCOMPARE(panel.clicks.size(), 1);
         QVERIFY(!stage.window.scene()->mouseGrabberItem());
 
         // From an empty place at the end of a row too.
