@@ -75,9 +75,11 @@ private slots:
     {
         Stage stage;
         auto *first = new TellingButton;
+        auto *above = new TellingButton;
         auto *second = new TellingButton;
         auto *hidden = new TellingButton;
         stage.put(first, QRectF(100, 100, 31, 30));
+        stage.put(above, QRectF(141, 62, 31, 30));
         stage.put(second, QRectF(141, 100, 31, 30));
         stage.put(hidden, QRectF(100, 133, 31, 30));
         hidden->hide();
@@ -88,6 +90,8 @@ private slots:
                                         {QPointF(115, 139.5), Hits{0, 0}}, // too far below
                                         {QPointF(133, 115), Hits{1, 0}}, // between the two
                                         {QPointF(138, 115), Hits{0, 1}},
+                                        {QPointF(156, 98), Hits{0, 1}},
+                                        {QPointF(156, 94), Hits{0, 0}}, // nearer to the one above
                                         {QPointF(119, 132), Hits{1, 0}}}) { // where one is hidden
             const Hits before{first->clicks(), second->clicks()};
             stage.finger.tap(tap);
