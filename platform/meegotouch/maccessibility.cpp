@@ -310,6 +310,7 @@ public:
     {
         return QAccessible::queryAccessibleInterface(windowOf(tabs()->buttons().value(0)));
     }
+    QWindow *window() const override { return parent() ? parent()->window() : nullptr; }
 
     QRect rect() const override
     {

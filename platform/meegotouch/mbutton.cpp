@@ -48,17 +48,6 @@ void MButton::init()
     setFont(textFont);
 }
 
-void MButton::setText(const QString &text)
-{
-    if (text == m_text)
-        return;
-    m_text = text;
-    m_fitted = false;
-    updateGeometry();
-    update();
-    MAccessibility::tell(this, QAccessible::NameChanged);
-}
-
 MButtonGroup *MButton::group() const
 {
     return m_group;

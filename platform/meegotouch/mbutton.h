@@ -35,7 +35,6 @@ public:
     ~MButton() override;
 
     QString text() const { return m_text; }
-    void setText(const QString &text);
 
     /// Null if it is in none.
     MButtonGroup *group() const;
