@@ -156,6 +156,10 @@ private slots:
         const QImage one = drawn(&label);
         label.setText("two"_s);
         QVERIFY(drawn(&label) != one);
+        label.setWordWrap(true);
+        label.setText("many words "_s.repeated(20));
+        const QRect lines = difference(drawn(&label), composed({}));
+        QVERIFY(QRect(0, 0, 130, 40).contains(lines) && lines.width() > 90);
         label.setText({});
         QCOMPARE(drawn(&label), composed({}));
     }
