@@ -89,8 +89,6 @@ QStringList MLabel::brokenLines(qreal width) const
             lines.append(paragraph.mid(line.textStart(), line.textLength()));
         }
         layout.endLayout();
-        if (paragraph.isEmpty())
-            lines.append(QString());
     }
     return lines;
 }

@@ -151,16 +151,38 @@ private slots:
 
     void labelShowsItsText()
     {
+        QGraphicsScene scene;
         MLabel label("one"_s);
         label.resize(130, 40);
         const QImage one = drawn(&label);
         label.setText("two"_s);
         QVERIFY(drawn(&label) != one);
+        label.setText("words\n\nwords"_s);
+        label.resize(60, 80);
+        const QImage separate = drawn(&label);
+        label.setWordWrap(true);
+        QCOMPARE(drawn(&label), separate);
+        label.setText("words words"_s);
+        const QImage wrapped = drawn(&label);
+        label.setWordWrap(false);
+        QVERIFY(drawn(&label) != wrapped);
+        label.setText("words\nwords"_s);
+        QCOMPARE(drawn(&label), wrapped);
+        label.resize(130, 40);
         label.setWordWrap(true);
         label.setText("many words "_s.repeated(20));
         const QRect lines = difference(drawn(&label), composed({}));
         QVERIFY(QRect(0, 0, 130, 40).contains(lines) && lines.width() > 90);
-        label.setText({});
+        scene.addItem(&label);
+        QSignalSpy redrawn(&scene, &QGraphicsScene::changed);
+        for (const std::function<void()> &change : {std::function<void()>([&] { label.setColor(Qt::red); }),
+                                                    {[&] { label.setAlignment(Qt::AlignRight); }},
+                                                    {[&] { label.setText({}); }}}) {
+            QCoreApplication::processEvents();
+            redrawn.clear();
+            change();
+            QTRY_VERIFY(!redrawn.isEmpty());
+        }
         QCOMPARE(drawn(&label), composed({}));
     }
 
