@@ -165,12 +165,9 @@ void RecipientButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *o
     MButton::paint(painter, option, widget);
     const QRectF cross(size().width() - crossMargin - crossSize, (size().height() - crossSize) / 2, crossSize,
                        crossSize);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap));
     painter->drawLine(cross.topLeft(), cross.bottomRight());
     painter->drawLine(cross.topRight(), cross.bottomLeft());
-    painter->restore();
 }
 
 UUIDButton::UUIDButton(QString text, QString uuid)

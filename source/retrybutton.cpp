@@ -62,13 +62,11 @@ void drawRoundArrow(QPainter *painter, bool down)
 
     // The head sits at the start of the arc and points with the clock.
     const qreal angle = qDegreesToRadians(qreal(arrowStart));
-    painter->save();
     painter->translate(arrowRadius * qCos(angle), -arrowRadius * qSin(angle));
     painter->rotate(90 - arrowStart);
     painter->setPen(Qt::NoPen);
     painter->setBrush(ink);
     painter->drawPolygon(QPolygonF({{0, -arrowHead}, {arrowHead, 0}, {0, arrowHead}}));
-    painter->restore();
 }
 
 } // namespace
@@ -86,11 +84,8 @@ void RetryButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWi
     background.setColorAt(1, backgroundBottom);
     painter->fillRect(rect(), background);
 
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(rect().center() + cloudCentre);
     drawCloud(painter);
     painter->translate(arrowCentre - cloudCentre);
     drawRoundArrow(painter, isDown());
-    painter->restore();
 }

@@ -351,14 +351,11 @@ QSizeF MButton::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
 
 void MButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     if (!isEnabled())
         painter->setOpacity(painter->opacity() * MStyle::disabledOpacity);
     if (m_viewType != iconType)
         drawFrame(painter);
     drawText(painter);
-    painter->restore();
 }
 
 void MButton::drawFrame(QPainter *painter) const

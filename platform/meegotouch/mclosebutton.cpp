@@ -12,8 +12,6 @@ MCloseButton::MCloseButton(const QString &text, QGraphicsItem *parent)
 
 void MCloseButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     const QPointF centre = rect().center();
     const qreal radius = qMin(rect().width(), rect().height()) / 2 - MStyle::closeButtonMargin;
     painter->setPen(QPen(MStyle::closeButtonRim, MStyle::closeButtonRimWidth));
@@ -23,7 +21,6 @@ void MCloseButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
     painter->setPen(QPen(MStyle::closeButtonRim, MStyle::closeButtonCrossWidth, Qt::SolidLine, Qt::RoundCap));
     painter->drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
     painter->drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
-    painter->restore();
 }
 
 qreal MCloseButton::cornerRadius() const

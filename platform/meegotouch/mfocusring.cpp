@@ -64,7 +64,6 @@ QRectF MFocusRing::boundingRect() const
 
 void MFocusRing::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
     for (const QPen &pen : {QPen(MStyle::focusRingEdge, fullWidth), QPen(MStyle::focusRing, MStyle::focusRingWidth)}) {
         painter->setPen(pen);

@@ -51,7 +51,6 @@ void MPositionBar::show(const QRectF &view, qreal contentHeight, qreal position)
 
 void MPositionBar::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(MStyle::positionBarRim, 1));
     painter->setBrush(MStyle::positionBar);
     painter->drawRoundedRect(m_bar.adjusted(0.5, 0.5, -0.5, -0.5), m_bar.width() / 2, m_bar.width() / 2);

@@ -58,8 +58,6 @@ void MProgressIndicator::paint(QPainter *painter, const QStyleOptionGraphicsItem
     m_paintedSinceTick = true;
     startOrStop();
     const qreal side = qMin(size().width(), size().height());
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(rect().center());
     painter->setPen(QPen(MStyle::spinnerPlateRim, 1));
     painter->setBrush(MStyle::spinnerPlate);
@@ -81,7 +79,6 @@ void MProgressIndicator::paint(QPainter *painter, const QStyleOptionGraphicsItem
         painter->drawEllipse(QPointF(0, -side * 0.32), radius, radius);
         painter->restore();
     }
-    painter->restore();
 }
 
 QSizeF MProgressIndicator::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const

@@ -380,13 +380,10 @@ void MTextEdit::placeEditor()
 
 void MTextEdit::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     const bool focused = hasFocus();
     const qreal penWidth = focused ? MStyle::focusRingWidth : 1;
     const qreal inset = penWidth / 2;
     painter->setPen(QPen(focused ? MStyle::accent : MStyle::fieldRim, penWidth));
     painter->setBrush(MStyle::fieldFace);
     painter->drawRoundedRect(rect().adjusted(inset, inset, -inset, -inset), MStyle::fieldRadius, MStyle::fieldRadius);
-    painter->restore();
 }
