@@ -59,12 +59,6 @@ std::optional<Finger> fingerOf(const QEvent *event)
     }
 }
 
-bool isTouch(const QEvent *event)
-{
-    return event->type() == QEvent::TouchBegin || event->type() == QEvent::TouchUpdate
-        || event->type() == QEvent::TouchEnd || event->type() == QEvent::TouchCancel;
-}
-
 bool isFar(const QPointF &offset)
 {
     return offset.manhattanLength() > MStyle::dragThreshold;
@@ -82,7 +76,7 @@ std::optional<QPointF> startOf(const QGesture *gesture)
     return start.isValid() ? std::optional(start.toPointF()) : std::nullopt;
 }
 
-// By the mouse; by touch is Qt's own.
+// By the mouse or one finger.
 class TapRecognizer : public QGestureRecognizer {
 public:
     QGesture *create(QObject *) override { return new QTapGesture; }
@@ -90,7 +84,7 @@ public:
     Result recognize(QGesture *gesture, QObject *watched, QEvent *event) override
     {
         const auto finger = fingerOf(event);
-        if (!finger || watched->isWidgetType() || isTouch(event))
+        if (!finger || watched->isWidgetType())
             return Ignore;
         const auto start = startOf(gesture);
         switch (finger->phase) {
@@ -105,7 +99,6 @@ public:
             if (!start || isFar(finger->position - *start))
                 return CancelGesture;
             gesture->setHotSpot(*start);
-            static_cast<QTapGesture *>(gesture)->setPosition(*start);
             return FinishGesture;
         case Phase::Cancel:
             break;
@@ -130,9 +123,8 @@ public:
         const auto finger = fingerOf(event);
         if (!finger || watched->isWidgetType())
             return Ignore;
-        auto *pan = static_cast<QPanGesture *>(gesture);
         const auto start = startOf(gesture);
-        const bool panning = pan->state() == Qt::GestureStarted || pan->state() == Qt::GestureUpdated;
+        const bool panning = gesture->state() == Qt::GestureStarted || gesture->state() == Qt::GestureUpdated;
         switch (finger->phase) {
         case Phase::Down:
             setStart(gesture, finger->position);
@@ -143,16 +135,12 @@ public:
             if (!panning && !isFar(finger->position - *start))
                 return MayBeGesture;
             gesture->setHotSpot(*start);
-            pan->setLastOffset(pan->offset());
-            pan->setOffset(finger->position - *start);
             return TriggerGesture;
         case Phase::Up:
             // So fast a flick that nothing was heard between its ends is a pan, too.
             if (!start || (!panning && !isFar(finger->position - *start)))
                 return CancelGesture;
             gesture->setHotSpot(*start);
-            pan->setLastOffset(pan->offset());
-            pan->setOffset(finger->position - *start);
             return FinishGesture;
         case Phase::Cancel:
             break;
@@ -162,9 +150,6 @@ public:
 
     void reset(QGesture *gesture) override
     {
-        auto *pan = static_cast<QPanGesture *>(gesture);
-        pan->setLastOffset({});
-        pan->setOffset({});
         setStart(gesture, std::nullopt);
         QGestureRecognizer::reset(gesture);
     }
