@@ -262,7 +262,6 @@ bool MApplicationWindow::steer(const QKeyEvent *event)
 
 void MApplicationWindow::forwardKey(QKeyEvent *event)
 {
-    recallFocus();
     event->setAccepted(activatesAgain(event, m_scene->focusItem()));
     // With the focus on an item, Qt's own way is the right one.
     if (event->isAccepted() || m_scene->focusItem() || m_onDisplay.isEmpty())

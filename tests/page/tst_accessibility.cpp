@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "buspeer.h"
+#include "minputmethodstate.h"
 #include "portal.h"
 
 #include <QAccessible>
@@ -235,6 +237,19 @@ private slots:
         QCOMPARE(toldBy([&] { QTest::keyClick(window.get(), Qt::Key_Down); }), "Focus Send Message"_s);
         QCOMPARE(toldBy([&] { QTest::keyClick(window.get(), Qt::Key_Escape); }), "ObjectHide Interact"_s);
         QVERIFY(toldBy([&] { load("/vantu/info/"_s, "<title>About</title>"); }).contains("NameChanged About"_s));
+    }
+
+    // The display is a phone's.
+    void fillsTheScreenButForTheKeyboardOfItsShell()
+    {
+        QVERIFY(window->isFullScreen());
+        qputenv("WAYLAND_DISPLAY", "wayland-of-a-phone");
+        const BusPeer shell("sm.puri.OSK0"_s, "/sm/puri/OSK0"_s);
+        MInputMethodState::requestSoftwareInputPanel();
+        QTRY_VERIFY(window->isMaximized());
+        MInputMethodState::closeSoftwareInputPanel();
+        QTRY_VERIFY(window->isFullScreen());
+        qunsetenv("WAYLAND_DISPLAY");
     }
 
     void pictureInThePlaceOfAPage()

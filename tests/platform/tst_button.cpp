@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mbutton.h"
 #include "mbuttongroup.h"
+#include "mdialog.h"
+#include "mfocusring.h"
 #include "mprogressindicator.h"
 #include "stage.h"
 
@@ -134,8 +136,20 @@ private slots:
         auto *button = new TellingButton(&stage);
         stage.finger.tap(inside);
         QVERIFY(!button->hasFocus());
-        QTest::keyClick(&stage.window, Qt::Key_Tab);
-        QVERIFY(button->hasFocus());
+        const auto isRinged = [button] { return !only<MFocusRing>(button->childItems()).isEmpty(); };
+        button->setFocus();
+        QVERIFY(!isRinged());
+        button->clearFocus();
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            button->clearFocus();
+            QTest::keyClick(&stage.window, key);
+            QVERIFY(button->hasFocus() && isRinged());
+        }
+        MDialog dialog;
+        dialog.appear(&stage.window);
+        QVERIFY(!isRinged());
+        dialog.dismiss();
+        QVERIFY(button->hasFocus() && isRinged());
         button->said.clear();
 
         QTest::keyPress(&stage.window, Qt::Key_Space);

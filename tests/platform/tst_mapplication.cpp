@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "mapplication.h"
 #include "mendwatch.h"
+#include "mstyle.h"
 #include "process.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -41,7 +43,8 @@ private slots:
                                                   {"displayGone", "last resort", 0},
                                                   {"exit", "last resort", 0},
                                                   {"inTime", "", 3},
-                                                  {"standDown", "", 3}}) {
+                                                  {"standDown", "", 3},
+                                                  {"over", "", 3}}) {
             Process process(QCoreApplication::applicationFilePath(), {"--end"_s, QLatin1String(how)});
             QVERIFY2(process.endsWith(status), how);
             QCOMPARE(process.readAllStandardOutput(), QByteArray(output));
@@ -53,6 +56,7 @@ private slots:
         QFont font;
         font.setFamily("DejaVu Sans Mono"_s);
         QCOMPARE(QFontInfo(font).family(), "DejaVu Sans Mono"_s);
+        QCOMPARE(QFont().family(), MStyle::fontFamilies().first());
     }
 
 private:
@@ -67,10 +71,23 @@ private:
     }
 };
 
+static auto handledSignals()
+{
+    return std::count_if(std::begin(endSignals), std::end(endSignals), [](int signal) {
+        struct sigaction action = {};
+        return sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_DFL;
+    });
+}
+
 // The process of processEnds(), hanging but for what @p how names.
 static int end(int argc, char **argv, const QByteArray &how)
 {
     const QCoreApplication application(argc, argv);
+    if (how == "over") {
+        const auto before = handledSignals();
+        MEndWatch(-1, std::chrono::milliseconds(100));
+        return handledSignals() == before ? 3 : 1;
+    }
     int display[2];
     if (socketpair(AF_UNIX, SOCK_STREAM, 0, display) != 0)
         return 1;

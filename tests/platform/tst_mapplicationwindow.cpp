@@ -90,6 +90,17 @@ private slots:
         keyboard.emitInputPanelVisibleChanged();
         QCOMPARE(shownTop(), 0.0);
         QCOMPARE(stage.window.visibleHeight(), 814.0);
+        // A keyboard that comes later than the focus.
+        lower.setFocus();
+        keyboard.hideInputPanel();
+        keyboard.emitInputPanelVisibleChanged();
+        keyboard.showInputPanel();
+        keyboard.emitInputPanelVisibleChanged();
+        QVERIFY(shownTop() + 407 >= lower.geometry().bottom());
+        MButton button;
+        stage.put(&button, QRectF(10, 10, 100, 40));
+        button.setFocus();
+        QVERIFY(!keyboard.isInputPanelVisible());
     }
 
     void nothingScrollsIt()

@@ -209,6 +209,8 @@ private slots:
         QCOMPARE(field.text(), QString());
         QTest::keyClick(&m_stage->window, Qt::Key_Escape);
         QVERIFY(!question.isOnDisplay());
+        QTest::keyClicks(&m_stage->window, "b"_s);
+        QCOMPARE(field.text(), "b"_s);
     }
 
     void tabGoesRoundInside()
