@@ -107,7 +107,8 @@ private:
     QString describe(const Thing &thing) const
     {
         static const QPair<int, QString> states[]
-            = {{3, "busy"_s}, {7, "editable"_s}, {12, "focused"_s}, {16, "modal"_s}, {23, "selected"_s}};
+            = {{3, "busy"_s},   {7, "editable"_s},    {11, "focusable"_s},  {12, "focused"_s},
+               {16, "modal"_s}, {17, "multi-line"_s}, {22, "selectable"_s}, {23, "selected"_s}};
         const QString role = ask(thing, "Accessible"_s, "GetRoleName"_s).toString();
         QString line = role + " \""_s + nameOf(thing) + QLatin1Char('"');
         const auto bits = qdbus_cast<QList<uint>>(ask(thing, "Accessible"_s, "GetState"_s).value<QDBusArgument>());
@@ -143,10 +144,12 @@ private slots:
     {
         page->progressIndicator->hide();
         loadPage("/vantu/messages/index"_s, "sTitle = 'Your inbox', iInboxMessages = 3"_s, "Hello <b>Emma</b>"_s);
-        QCOMPARE(tree(),
-                 expected({"heading 'Your inbox'", "push button 'New message'", "web document 'page title': Hello Emma",
-                           "page tab list ''", "  page tab 'Home'", "  page tab 'Inbox, 3' selected",
-                           "  page tab 'Friends'", "  page tab 'Games'"}));
+        QCOMPARE(
+            tree(),
+            expected({"heading 'Your inbox'", "push button 'New message' focusable",
+                      "web document 'page title' focusable multi-line: Hello Emma", "page tab list ''",
+                      "  page tab 'Home' focusable selectable", "  page tab 'Inbox, 3' focusable selectable selected",
+                      "  page tab 'Friends' focusable selectable", "  page tab 'Games' focusable selectable"}));
         page->progressIndicator->show();
         QVERIFY(tree().contains(expected({"progress bar 'Loading...' busy"}).first()));
         page->progressIndicator->hide();
@@ -160,11 +163,14 @@ private slots:
     {
         page->on_SelectButtonClicked(5);
         QCOMPARE(tree(),
-                 expected({"popup menu 'Interact' focused modal", "  menu item 'Send Message'",
-                           "  menu item 'Add as friend'", "  menu item 'Compare Games'"}));
+                 expected({"popup menu 'Interact' focusable focused modal",
+                           "  menu item 'Send Message' focusable selectable",
+                           "  menu item 'Add as friend' focusable selectable",
+                           "  menu item 'Compare Games' focusable selectable"}));
         QTest::keyClick(window.get(), Qt::Key_Down);
         QCOMPARE(tree().mid(0, 2),
-                 expected({"popup menu 'Interact' modal", "  menu item 'Send Message' focused selected"}));
+                 expected({"popup menu 'Interact' focusable modal",
+                           "  menu item 'Send Message' focusable focused selectable selected"}));
         press("Send Message");
         QTRY_COMPARE(page->state, SendMessageState);
     }
@@ -176,10 +182,11 @@ private slots:
         m_reader.write(m_reader.find(m_window, "Message"_s), "Hi Ben"_s);
         QCOMPARE(page->txtMessage->text(), "Hi Ben"_s);
         page->txtMessage->setFocus(Qt::TabFocusReason);
-        QCOMPARE(tree(),
-                 expected({"heading 'Send Message'", "push button 'Send'", "push button 'Cancel'", "label 'To: '",
-                           "push button 'Add recipient'", "push button 'Remove Ben'",
-                           "text 'Message' editable focused: Hi Ben"}));
+        QCOMPARE(
+            tree(),
+            expected({"heading 'Send Message'", "push button 'Send' focusable", "push button 'Cancel' focusable",
+                      "label 'To: '", "push button 'Add recipient' focusable", "push button 'Remove Ben' focusable",
+                      "text 'Message' editable focusable focused multi-line: Hi Ben"}));
         isWrittenInto("Message"_s);
         press("Remove Ben");
         QTRY_COMPARE(page->addrWidget->getRecipientsCount(), 0);
@@ -188,8 +195,9 @@ private slots:
     void box()
     {
         press("Send");
-        const QStringList shown = expected({"alert message 'Please select at least one recipient' focused modal",
-                                            "  label 'Please select at least one recipient'", "  push button 'OK'"});
+        const QStringList shown
+            = expected({"alert message 'Please select at least one recipient' focusable focused modal",
+                        "  label 'Please select at least one recipient'", "  push button 'OK' focusable"});
         QTRY_COMPARE(tree(), shown);
         press("OK");
         QTRY_VERIFY(tree().size() > shown.size());
@@ -201,7 +209,8 @@ private slots:
         page->openSendEmailPage();
         press("Add recipient");
         QTRY_COMPARE(tree(),
-                     expected({"dialog 'Email' modal", "  text 'Email' editable focused", "  push button 'OK'"}));
+                     expected({"dialog 'Email' focusable modal", "  text 'Email' editable focusable focused",
+                               "  push button 'OK' focusable"}));
         isWrittenInto("Email"_s);
         const QString name = "Email"_s;
         m_reader.write(m_reader.find(m_reader.find(m_window, name), name), "ben@example.org"_s);
@@ -258,7 +267,7 @@ private slots:
         service->isSilent = true;
         page->webView->setUrl(QUrl(url("/vantu/friends"_s)));
         QVERIFY(finished.wait());
-        QVERIFY(tree().contains(expected({"  push button 'Connection Error: try again' focused"}).first()));
+        QVERIFY(tree().contains(expected({"  push button 'Connection Error: try again' focusable focused"}).first()));
     }
 
 private:

@@ -99,6 +99,10 @@ private slots:
             stage.finger.tap(tap);
             QCOMPARE((Hits{first->clicks() - before[0], second->clicks() - before[1]}), hits);
         }
+        auto *wide = new TellingButton;
+        stage.put(wide, QRectF(100, 300, 120, 30));
+        stage.finger.tap({160, 295});
+        QCOMPARE(wide->clicks(), 1);
     }
 
     void leavingAndLosingTheMouseCancel()

@@ -51,12 +51,14 @@ private slots:
         }
     }
 
-    void webPagesChooseTheirFonts()
+    void leavesToOthersWhatIsTheirs()
     {
         QFont font;
         font.setFamily("DejaVu Sans Mono"_s);
         QCOMPARE(QFontInfo(font).family(), "DejaVu Sans Mono"_s);
         QCOMPARE(QFont().family(), MStyle::fontFamilies().first());
+        // Another program that is started from here chooses its display itself.
+        QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray("offscreen"));
     }
 
 private:

@@ -125,6 +125,16 @@ private slots:
         below.appear(&window);
         above.appear(&window);
         QTest::keyClicks(&window, "up"_s);
+        int timesBack = 0;
+        connect(&window, &MApplicationWindow::backKeyPressed, &window, [&timesBack] { ++timesBack; });
+        for (const auto &[key, modifiers, expected] : {std::tuple(Qt::Key_Escape, Qt::NoModifier, 1),
+                                                       {Qt::Key_Escape, Qt::KeypadModifier, 2},
+                                                       {Qt::Key_Left, Qt::NoModifier, 2},
+                                                       {Qt::Key_Left, Qt::AltModifier, 3},
+                                                       {Qt::Key_Back, Qt::NoModifier, 4}}) {
+            QTest::keyClick(&window, key, modifiers);
+            QCOMPARE(timesBack, expected);
+        }
         above.disappear();
         QTest::keyClicks(&window, "down"_s);
         QCOMPARE(above.typed, "up"_s);

@@ -53,6 +53,7 @@ private slots:
         const QTemporaryDir folder;
         const QStringList noDisplay{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY="_s};
         const QStringList noWayland{"QT_QPA_PLATFORM="_s, "DISPLAY="_s, "WAYLAND_DISPLAY=nowhere"_s};
+        const QStringList nothing{"QT_QPA_PLATFORM="_s, "DISPLAY="_s, "WAYLAND_DISPLAY="_s};
         const QString program = QStringLiteral(COMPANION_PROGRAM);
         const QString bare = withoutPlatforms(folder);
         const TestService service;
@@ -62,6 +63,7 @@ private slots:
               {program, plain + plain, {}, ""},
               {program, plain + plain, noDisplay, ""},
               {program, plain, noDisplay, "DISPLAY=:nowhere does not answer"},
+              {program, plain, nothing, "neither WAYLAND_DISPLAY nor DISPLAY is set"},
               {bare, plain, noWayland, "Qt's plugin for Wayland (Debian: qtwayland5 or qt6-wayland) is missing"},
               {program, plain + QStringList{"-platform"_s, "nowhere"_s}, {}, "-platform nowhere opens none"}}) {
             Companion companion(arguments, settings, name);
