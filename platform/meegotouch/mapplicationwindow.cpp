@@ -80,7 +80,6 @@ MApplicationWindow::MApplicationWindow(QWidget *parent)
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     // Measured on a dragged web view: painting everything costs a fifth more, the other modes are alike.
     setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
-    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 
     setMinimumSize(sceneSize() / 3);

@@ -44,8 +44,6 @@ bool MDoubleTapGuard::refuses(QEvent *event)
     default:
         return false;
     }
-    if (m_refusesTouch)
-        event->accept(); // Ignored, it would come again as a mouse's.
     return m_refusesTouch;
 }
 

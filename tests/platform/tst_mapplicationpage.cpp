@@ -111,6 +111,10 @@ private slots:
             QVERIFY(stage.window.scene()->focusItem());
             QCOMPARE(typeReturn(), 1);
         }
+        MButton button("Button"_s, stage.page.centralWidget());
+        button.setFocus();
+        QCOMPARE(typeReturn(), 1);
+        field.setFocus();
         // A tap on bare ground leaves the cursor in the field.
         stage.finger.tap({400, 300});
         QTest::keyClicks(&stage.window, "on"_s);
