@@ -189,26 +189,19 @@ void MDialog::reject()
 
 void MDialog::finish(int result)
 {
-    if (m_state != State::Open)
-        return;
-    m_state = State::Finishing;
-    done(result);
+    if (std::exchange(m_isOpen, false))
+        done(result);
 }
 
 void MDialog::done(int)
 {
-    if (m_state == State::Idle)
-        return;
-    m_state = State::Finishing;
-    const QPointer<MDialog> self = this;
+    m_isOpen = false;
     dismiss();
-    if (self)
-        m_state = State::Idle;
 }
 
 void MDialog::entering()
 {
-    m_state = State::Open;
+    m_isOpen = true;
     const QVector<QGraphicsWidget *> fields = tabStops(m_centralWidget);
     if (fields.isEmpty())
         setFocus();

@@ -67,7 +67,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    enum class State { Idle, Open, Finishing };
 
     void addButton(const QString &text, void (MDialog::*answer)());
     void finish(int result);
@@ -80,6 +79,6 @@ private:
     QVector<MButton *> m_buttons;
     QRectF m_box;
     qreal m_padding;
-    State m_state = State::Idle;
+    bool m_isOpen = false; // and not being ended already
     bool m_dismissedByTapOutside = false;
 };

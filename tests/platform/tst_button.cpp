@@ -78,10 +78,12 @@ private slots:
         Stage stage;
         auto *first = new TellingButton;
         auto *above = new TellingButton;
+        auto *wide = new TellingButton;
         auto *second = new TellingButton;
         auto *hidden = new TellingButton;
         stage.put(first, QRectF(100, 100, 31, 30));
         stage.put(above, QRectF(141, 62, 31, 30));
+        stage.put(wide, QRectF(141, 138, 120, 30));
         stage.put(second, QRectF(141, 100, 31, 30));
         stage.put(hidden, QRectF(100, 133, 31, 30));
         hidden->hide();
@@ -94,15 +96,14 @@ private slots:
                                         {QPointF(138, 115), Hits{0, 1}},
                                         {QPointF(156, 98), Hits{0, 1}},
                                         {QPointF(156, 94), Hits{0, 0}}, // nearer to the one above
+                                        {QPointF(156, 136), Hits{0, 0}}, // nearer to the wide one below
                                         {QPointF(119, 132), Hits{1, 0}}}) { // where one is hidden
             const Hits before{first->clicks(), second->clicks()};
             stage.finger.tap(tap);
             QCOMPARE((Hits{first->clicks() - before[0], second->clicks() - before[1]}), hits);
         }
-        auto *wide = new TellingButton;
-        stage.put(wide, QRectF(100, 300, 120, 30));
-        stage.finger.tap({160, 295});
-        QCOMPARE(wide->clicks(), 1);
+        stage.finger.tap({200, 134});
+        QCOMPARE(wide->clicks(), 2);
     }
 
     void leavingAndLosingTheMouseCancel()

@@ -61,6 +61,7 @@ private slots:
         finger.press(centreOf(1));
         QTRY_VERIFY(!redrawn.isEmpty());
         QVERIFY(m_stage->picture() != before);
+        finger.move(centreOf(1) + QPointF(2, 2));
         finger.release();
         QCOMPARE(m_picked, QStringList{"1"_s});
         QVERIFY(!m_list->isOnDisplay());

@@ -3,6 +3,7 @@
 #include "mflowlayoutpolicy.h"
 #include "mlayout.h"
 #include "mpannableviewport.h"
+#include "mpositionbar.h"
 #include "stage.h"
 
 #include <QScroller>
@@ -79,8 +80,8 @@ private slots:
         // An exact fit, a pixel too wide, a row as high as its highest, wider than the row.
         QCOMPARE(flowed({{225, 40}, {225, 40}}), std::pair(Places({{0, 0, 225, 40}, {235, 0, 225, 40}}), 40.0));
         QCOMPARE(flowed({{225, 40}, {226, 40}}), std::pair(Places({{0, 0, 225, 40}, {0, 50, 226, 40}}), 90.0));
-        QCOMPARE(flowed({{100, 30}, {100, 60}, {400, 20}}),
-                 std::pair(Places({{0, 0, 100, 30}, {110, 0, 100, 60}, {0, 70, 400, 20}}), 90.0));
+        QCOMPARE(flowed({{100, 30}, {100, 60}, {400, 20}, {400, 20}}),
+                 std::pair(Places({{0, 0, 100, 30}, {110, 0, 100, 60}, {0, 70, 400, 20}, {0, 100, 400, 20}}), 120.0));
         QCOMPARE(flowed({{100, 40}, {18020, 40}, {100, 40}}),
                  std::pair(Places({{0, 0, 100, 40}, {0, 50, 460, 40}, {0, 100, 100, 40}}), 140.0));
     }
@@ -102,6 +103,8 @@ private slots:
         stage.finger.tap(onClippedRow);
         QCOMPARE(panel.clicks.size(), 1);
 
+        const auto *bar = only<MPositionBar>(panel.viewport->childItems()).first();
+        const qreal barTop = bar->boundingRect().top();
         stage.finger.press(onThirdRow);
         stage.finger.move(onThirdRow - QPointF(0, 15));
         QVERIFY(!panel.buttons.at(6)->isDown());
@@ -110,6 +113,7 @@ private slots:
         // The content follows with the scroller's next frame.
         QTRY_VERIFY2(panel.viewport->position() > 60, qPrintable(QString::number(panel.viewport->position())));
         QVERIFY(panel.viewport->position() <= 100);
+        QVERIFY(bar->isVisible() && bar->boundingRect().top() > barTop);
         stage.finger.release();
         QCOMPARE(panel.clicks.size(), 1);
         QVERIFY(!stage.window.scene()->mouseGrabberItem());

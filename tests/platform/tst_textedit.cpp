@@ -49,7 +49,7 @@ private slots:
             QSignalSpy changed(edit, &MTextEdit::textChanged);
             SoftwareKeyboard keyboard;
             const QPointF inEdit = edit->sceneBoundingRect().center();
-            stage.finger.tap(inEdit);
+            stage.finger.tap(edit->sceneBoundingRect().topLeft() + QPointF(2, 20)); // its edge
             QVERIFY(edit->hasFocus() && keyboard.isInputPanelVisible());
             QTest::keyClicks(&stage.window, "Hi!"_s);
             QCOMPARE(edit->text(), "Hi!"_s);

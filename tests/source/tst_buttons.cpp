@@ -168,6 +168,8 @@ private slots:
         QVERIFY(drawn(&label) != wrapped);
         label.setText("words\nwords"_s);
         QCOMPARE(drawn(&label), wrapped);
+        label.setAlignment(Qt::AlignVCenter);
+        QVERIFY(qAbs(difference(drawn(&label), composed({})).center().y() - 40) <= 3);
         label.resize(130, 40);
         label.setWordWrap(true);
         label.setText("many words "_s.repeated(20));
