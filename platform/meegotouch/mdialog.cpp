@@ -214,14 +214,6 @@ void MDialog::leaving()
     finish(Rejected);
 }
 
-bool MDialog::event(QEvent *event)
-{
-    // Posted by the central widget when it would like another size.
-    if (event->type() == QEvent::LayoutRequest)
-        arrange();
-    return MSceneWindow::event(event);
-}
-
 void MDialog::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     event->accept();

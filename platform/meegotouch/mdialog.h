@@ -58,7 +58,6 @@ protected:
     /// Puts everything in its place; called whenever something has changed.
     void arrange();
 
-    bool event(QEvent *event) override;
     void backAsked() override { reject(); }
     void entering() override;
     void leaving() override;

@@ -121,20 +121,9 @@ void MEndWatch::watch()
                 return;
             if (deadline == never)
                 deadline = Clock::now() + m_grace;
-            askTheLoop();
+            QMetaObject::invokeMethod(&m_again, QOverload<>::of(&QTimer::start), Qt::QueuedConnection);
         }
     }
-}
-
-void MEndWatch::askTheLoop()
-{
-    QMetaObject::invokeMethod(
-        &m_again,
-        [this] {
-            m_again.start();
-            QCoreApplication::exit(0);
-        },
-        Qt::QueuedConnection);
 }
 
 // Does not return unless the event loop has begun the end.

@@ -35,7 +35,6 @@ private:
     enum class Ending { NotYet, ByTheLoop, ByLastResort };
 
     void watch();
-    void askTheLoop();
     void endWithoutLoop();
     static void onSignal(int);
     static void onExit();

@@ -66,6 +66,7 @@ private slots:
         auto *button = new TellingButton(&stage);
 
         stage.finger.press(inside);
+        stage.finger.move(inside + QPointF(2, 2));
         QVERIFY(button->isDown());
         QCOMPARE(button->takeSaid(), "pressed"_s);
         stage.finger.release();

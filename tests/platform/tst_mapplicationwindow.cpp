@@ -97,8 +97,20 @@ private slots:
         keyboard.showInputPanel();
         keyboard.emitInputPanelVisibleChanged();
         QVERIFY(shownTop() + 407 >= lower.geometry().bottom());
+        MTextEdit area(MTextEditModel::MultiLine);
+        stage.put(&area, QRectF(10, 120, 460, 600));
+        area.setFocus();
+        const qreal firstTop = shownTop();
+        for (int i = 0; i < 25; ++i)
+            QTest::keyClick(&stage.window, Qt::Key_Return);
+        QVERIFY(shownTop() > firstTop);
+        // Who takes text may leave the keyboard up when it loses the focus, as a web page does.
         MButton button;
         stage.put(&button, QRectF(10, 10, 100, 40));
+        auto *text = stage.window.scene()->addText("text"_s);
+        text->setTextInteractionFlags(Qt::TextEditorInteraction);
+        text->setFocus();
+        keyboard.showInputPanel();
         button.setFocus();
         QVERIFY(!keyboard.isInputPanelVisible());
     }

@@ -176,6 +176,12 @@ private slots:
         const QRect lines = difference(drawn(&label), composed({}));
         QVERIFY(QRect(0, 0, 130, 40).contains(lines) && lines.width() > 90);
         scene.addItem(&label);
+        const QImage wide = drawn(&label);
+        label.resize(60, 40);
+        QVERIFY(drawn(&label) != wide);
+        const qreal wish = label.preferredWidth();
+        label.setText("few words"_s);
+        QVERIFY(label.preferredWidth() < wish);
         QSignalSpy redrawn(&scene, &QGraphicsScene::changed);
         for (const std::function<void()> &change : {std::function<void()>([&] { label.setColor(Qt::red); }),
                                                     {[&] { label.setAlignment(Qt::AlignRight); }},

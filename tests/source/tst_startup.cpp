@@ -64,6 +64,7 @@ private slots:
               {program, plain + plain, noDisplay, ""},
               {program, plain, noDisplay, "DISPLAY=:nowhere does not answer"},
               {program, plain, nothing, "neither WAYLAND_DISPLAY nor DISPLAY is set"},
+              {bare, plain, noDisplay, "DISPLAY=:nowhere does not answer"},
               {bare, plain, noWayland, "Qt's plugin for Wayland (Debian: qtwayland5 or qt6-wayland) is missing"},
               {program, plain + QStringList{"-platform"_s, "nowhere"_s}, {}, "-platform nowhere opens none"}}) {
             Companion companion(arguments, settings, name);
@@ -71,7 +72,7 @@ private slots:
             QCOMPARE(companion.readAllStandardOutput(), QByteArray());
             const QByteArray errors = companion.readAllStandardError();
             QCOMPARE(errors.count("vantu: no display: "), *reason ? 1 : 0);
-            QVERIFY2(errors.trimmed().endsWith(reason), errors);
+            QVERIFY2(!*reason || errors.trimmed().endsWith(QByteArray("no display: ") + reason), errors);
         }
         QVERIFY(service.urls().isEmpty());
         QVERIFY(game.calls.isEmpty());
