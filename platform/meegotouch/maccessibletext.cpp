@@ -76,10 +76,8 @@ public:
             return static_cast<QAccessibleTextInterface *>(this);
         case QAccessible::EditableTextInterface:
             return static_cast<QAccessibleEditableTextInterface *>(this);
-        case QAccessible::ActionInterface:
-            return static_cast<QAccessibleActionInterface *>(this);
         default:
-            return nullptr;
+            return QAccessibleWidget::interface_cast(type);
         }
     }
 

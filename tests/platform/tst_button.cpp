@@ -156,6 +156,8 @@ private slots:
         QVERIFY(!isRinged());
         dialog.dismiss();
         QVERIFY(button->hasFocus() && isRinged());
+        button->resize(130, 40);
+        QVERIFY(isRinged());
         button->said.clear();
 
         QTest::keyPress(&stage.window, Qt::Key_Space);

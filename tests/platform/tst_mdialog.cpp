@@ -207,6 +207,7 @@ private slots:
         field.setFocus();
         QTest::keyClicks(&m_stage->window, "a"_s);
         QCOMPARE(field.text(), QString());
+        QCOMPARE(question.field()->text(), "a"_s);
         QTest::keyClick(&m_stage->window, Qt::Key_Escape);
         QVERIFY(!question.isOnDisplay());
         QTest::keyClicks(&m_stage->window, "b"_s);

@@ -139,6 +139,9 @@ private slots:
         const qreal stopped = panel.viewport->position();
         QVERIFY(panel.clicks.isEmpty());
         QTRY_COMPARE(QScroller::scroller(panel.viewport)->state(), QScroller::Inactive);
+        stage.flick(onThirdRow, onFirstRow);
+        panel.viewport->setPosition(stopped);
+        QCOMPARE(QScroller::scroller(panel.viewport)->state(), QScroller::Inactive);
         QVERIFY(qAbs(panel.viewport->position() - stopped) < 5);
         const auto inView = std::find_if(panel.buttons.begin(), panel.buttons.end(),
                                          [](MButton *button) { return place.contains(button->sceneBoundingRect()); });

@@ -78,7 +78,7 @@ private slots:
         QCOMPARE(kept(MTextEditModel::SingleLine, special), special);
         QCOMPARE(kept(MTextEditModel::MultiLine, special), special);
         QCOMPARE(kept(MTextEditModel::MultiLine, lines), lines);
-        QCOMPARE(kept(MTextEditModel::SingleLine, "a\r\nb\nc"_s), "a b c"_s);
+        QCOMPARE(kept(MTextEditModel::SingleLine, "a\r\nb\nc\rd\u2028e\u2029f"_s), "a b c d e f"_s);
         QVERIFY(MTextEdit(MTextEditModel::SingleLine).preferredHeight()
                 < MTextEdit(MTextEditModel::MultiLine).preferredHeight());
     }

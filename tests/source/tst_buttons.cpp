@@ -175,6 +175,7 @@ private slots:
         label.setText("many words "_s.repeated(20));
         const QRect lines = difference(drawn(&label), composed({}));
         QVERIFY(QRect(0, 0, 130, 40).contains(lines) && lines.width() > 90);
+        QCOMPARE(label.preferredWidth(), 0.0);
         scene.addItem(&label);
         const QImage wide = drawn(&label);
         label.resize(60, 40);

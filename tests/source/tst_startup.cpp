@@ -52,7 +52,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QStringList noDisplay{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY="_s};
-        const QStringList noWayland{"QT_QPA_PLATFORM="_s, "DISPLAY="_s, "WAYLAND_DISPLAY=nowhere"_s};
+        const QStringList neither{"QT_QPA_PLATFORM="_s, "DISPLAY=:nowhere"_s, "WAYLAND_DISPLAY=nowhere"_s};
         const QStringList nothing{"QT_QPA_PLATFORM="_s, "DISPLAY="_s, "WAYLAND_DISPLAY="_s};
         const QString program = QStringLiteral(COMPANION_PROGRAM);
         const QString bare = withoutPlatforms(folder);
@@ -65,7 +65,9 @@ private slots:
               {program, plain, noDisplay, "DISPLAY=:nowhere does not answer"},
               {program, plain, nothing, "neither WAYLAND_DISPLAY nor DISPLAY is set"},
               {bare, plain, noDisplay, "DISPLAY=:nowhere does not answer"},
-              {bare, plain, noWayland, "Qt's plugin for Wayland (Debian: qtwayland5 or qt6-wayland) is missing"},
+              {bare, plain, neither,
+               "Qt's plugin for Wayland (Debian: qtwayland5 or qt6-wayland) is missing, DISPLAY=:nowhere does not "
+               "answer"},
               {program, plain + QStringList{"-platform"_s, "nowhere"_s}, {}, "-platform nowhere opens none"}}) {
             Companion companion(arguments, settings, name);
             QVERIFY2(companion.endsWith(*reason ? 1 : 0), qPrintable((arguments + settings).join(QLatin1Char(' '))));
