@@ -246,12 +246,8 @@ public:
         state.modal = widget()->isPanel();
         state.busy = qobject_cast<MProgressIndicator *>(widget()) && widget()->isVisible();
         if (const auto *button = qobject_cast<MButton *>(widget())) {
-            const bool isTab = role() == QAccessible::PageTab;
-            state.pressed = button->isDown();
-            state.checkable = button->isCheckable() && !isTab;
-            state.checked = button->isChecked() && !isTab;
-            state.selectable = isTab;
-            state.selected = button->isChecked() && isTab;
+            state.selectable = role() == QAccessible::PageTab;
+            state.selected = button->isChecked() && state.selectable;
         }
         return state;
     }
