@@ -228,18 +228,7 @@ void MDialog::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 
 void MDialog::keyPressEvent(QKeyEvent *event)
 {
-    // A key that is still held down from before was not meant for this dialog.
-    if (event->isAutoRepeat())
-        return;
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Select:
-        // Not before it can be read.
-        if (hasAppeared())
-            accept();
-        break;
-    default:
-        break;
-    }
+    const int key = event->key();
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select) && hasAppeared())
+        accept(); // Not before it can be read.
 }
