@@ -297,16 +297,6 @@ private slots:
         spinner->setUnknownDuration(false);
         QVERIFY(!spinner->isSpinning());
     }
-
-    void spinnerLetsTapsThrough()
-    {
-        Stage stage;
-        auto *spinner = new MProgressIndicator;
-        stage.put(spinner, spinnerPlace);
-        stage.finger.press(spinnerPlace.center());
-        QVERIFY(stage.window.scene()->mouseGrabberItem() != spinner);
-        stage.finger.release();
-    }
 };
 
 QTEST_MAIN(ButtonTest)
