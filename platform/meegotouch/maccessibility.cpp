@@ -318,12 +318,7 @@ public:
     }
 
     QAccessible::Role role() const override { return QAccessible::PageTabList; }
-    QAccessible::State state() const override
-    {
-        QAccessible::State state;
-        state.invisible = children().isEmpty();
-        return state;
-    }
+    QAccessible::State state() const override { return {}; }
     QString text(QAccessible::Text) const override { return QString(); }
 
 private:

@@ -175,7 +175,6 @@ private:
         const int from = bounded(start);
         const int to = bounded(end);
         if (m_line) {
-            m_line->setCursorPosition(from);
             m_line->setSelection(from, to - from);
             return;
         }

@@ -98,6 +98,9 @@ private slots:
         m_stage->window.scene()->setFocusItem(nullptr);
         const QImage with = m_stage->picture();
         QVERIFY(with != without);
+        dialog.setTitle("Other"_s);
+        QVERIFY(m_stage->picture() != with);
+        dialog.setTitle("Dialog"_s);
         dialog.dismiss();
         QCOMPARE(m_stage->picture(), with);
         QTRY_COMPARE(m_stage->picture(), without);

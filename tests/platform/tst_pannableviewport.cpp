@@ -159,6 +159,7 @@ private slots:
         QVERIFY(panel.clicks.isEmpty());
         stage.finger.tap(onFirstRow);
         QCOMPARE(panel.clicks, QVector<int>{0});
+        QVERIFY(!stage.finger.wheel(onFirstRow, -1));
     }
 
     void theWheelPans()
