@@ -46,6 +46,8 @@ protected slots:
         onTwitterPage = false;
         service = std::make_unique<TestService>();
         service->answer("/vantu/"_s, {TestService::page({}, "start"_s)});
+        for (const char *path : {"/vantu/friends", "/vantu/games"})
+            service->answer(QLatin1String(path), {TestService::page({})});
         window = std::make_unique<MApplicationWindow>();
         window->show();
         page = std::make_unique<TestPage>();
@@ -88,6 +90,13 @@ protected:
     void loadPage(const QString &path, const QString &variables = {}, const QString &body = {})
     {
         load(path, TestService::page(variables, body));
+    }
+
+    /// Opens the list of friends as the add button of the message composer's panel does, and waits until it is there.
+    void openList()
+    {
+        emit page->addrWidget->btnAddressClicked();
+        QTRY_VERIFY(!isLoading());
     }
 
     /// An engine may hear no taps before it has drawn something of the page.
