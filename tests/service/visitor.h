@@ -58,6 +58,15 @@ public:
         return defined.toBool() ? evaluate("'' + %1"_s.arg(name)).toString() : QString();
     }
 
+    /// Those variables, whose names are parted by blanks, of the page on display, joined by commas.
+    QString variables(const char *names)
+    {
+        QStringList values;
+        for (const QString &name : QString::fromLatin1(names).split(QLatin1Char(' ')))
+            values << variable(name);
+        return values.join(QLatin1Char(','));
+    }
+
     QVariant evaluate(const QString &script) const { return m_view.page()->mainFrame()->evaluateJavaScript(script); }
 
     QString text() const { return m_view.page()->mainFrame()->toPlainText(); }
