@@ -39,6 +39,15 @@ public:
         return hasEnded && exitStatus() == NormalExit && exitCode() == status;
     }
 
+    /// All that it says there until it ends by itself with @p status.
+    QByteArray lastWords(int status, ProcessChannel channel = StandardOutput)
+    {
+        if (!endsWith(status))
+            return "(another end)";
+        setReadChannel(channel);
+        return readAll();
+    }
+
     /// What is left where it ends without one.
     QByteArray nextLine(ProcessChannel channel = StandardOutput)
     {
