@@ -81,22 +81,20 @@ private slots:
         }
     }
 
-    void dragStartsAtThirtyPixels_data()
-    {
-        const Table<QPoint, bool> row("step", "moves");
-        row("29 on both axes", {29, 29}, false);
-        row("29 back on both axes", {-29, -29}, false);
-        row("30 right", {30, 0}, true);
-        row("30 left", {-30, 0}, true);
-        row("30 up and a bit", {5, -30}, true);
-    }
     void dragStartsAtThirtyPixels()
     {
-        QFETCH(QPoint, step);
-        QFETCH(bool, moves);
-        m_finger->press({200, 200});
-        m_finger->move(QPoint(200, 200) + step);
-        QCOMPARE(moved(), moves ? step : QPoint());
+        for (const auto &[step, moves] : {std::pair(QPoint(29, 29), false),
+                                          {{-29, -29}, false},
+                                          {{30, 0}, true},
+                                          {{-30, 0}, true},
+                                          {{5, -30}, true}}) {
+            frame()->setScrollPosition(startPosition);
+            m_finger->press({200, 200});
+            m_finger->move(QPoint(200, 200) + step);
+            QCOMPARE(moved(), moves ? step : QPoint());
+            m_finger->release();
+            m_timer->stop();
+        }
     }
 
     void dragIsNoTapAndSelectsNothing()
@@ -137,38 +135,41 @@ private slots:
         QTRY_COMPARE(seenByThePage(), "mousedown mousedown mouseup click"_s);
     }
 
+    void flingSlowsDown_data() { addFingerKinds(); }
     void flingSlowsDown()
     {
+        QFETCH(Finger::Kind, kind);
+        Finger finger(m_window.get(), kind);
+        finger.press({200, 200});
+        finger.move({200, 229});
+        QCOMPARE(moved(), QPoint());
         // Smoothed: 3 * 30 / 4 = 22, then 3 * (22 - 8) / 4 = 10.
-        drag({{200, 200}, {200, 230}, {200, 222}});
+        finger.move({200, 230});
+        finger.move({200, 222});
+        QCOMPARE(moved(), QPoint(0, 22));
+        finger.release();
         QVERIFY(m_timer->isActive());
         QCOMPARE(m_timer->interval(), 50);
         m_finger->press({200, 300}); // deliberately does not stop it
         QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
+        QTRY_COMPARE(seenByThePage(),
+                     kind == Finger::Mouse ? "mousedown mousedown"_s : seenOfTouches("touchstart mousedown mousedown"));
     }
 
-    void flingEndsAfterTwentyTicks()
-    {
-        frame()->setScrollPosition(QPoint(0, 0));
-        drag({{200, 650}, {200, 50}}); // smoothed: -450
-        const QVector<int> steps = coast();
-        QCOMPARE(steps.size(), 20);
-        QCOMPARE(steps.mid(0, 4), QVector<int>({-360, -288, -230, -184}));
-        QVERIFY(steps.last() < 0);
-    }
-
-    void flingTakenOverRunsTheRemainingTicks()
+    void flingEndsAfterTwentyTicksAlsoWhenTakenOver()
     {
         int ticks = 0;
         const auto connection = connect(m_timer, &QTimer::timeout, this, [&] {
             if (++ticks == 5)
                 drag({{200, 600}, {200, 100}});
         });
-        drag({{200, 600}, {200, 100}});
+        drag({{200, 600}, {200, 100}}); // smoothed: -375
         const QVector<int> steps = coast();
         disconnect(connection);
         QCOMPARE(steps.size(), 20);
+        QCOMPARE(steps.mid(0, 4), QVector<int>({-300, -240, -192, -153}));
         QCOMPARE(steps.at(5), steps.at(0));
+        QVERIFY(steps.last() < 0);
     }
 
     void contextMenuNeverOpens()
@@ -226,20 +227,6 @@ private slots:
         QTest::keyClick(m_window->viewport(), Qt::Key_Space);
         QTRY_COMPARE(script("field.value.substr(0, 11)").toString(), "line\n line\n"_s);
         QCOMPARE(frame()->scrollPosition(), before);
-    }
-
-    void fingerDoesWhatTheMouseDoes()
-    {
-        Finger finger(m_window.get(), Finger::Touch);
-        finger.press({200, 200});
-        finger.move({200, 229});
-        QCOMPARE(moved(), QPoint());
-        finger.move({200, 230});
-        finger.move({200, 222});
-        QCOMPARE(moved(), QPoint(0, 22));
-        finger.release();
-        QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
-        QTRY_COMPARE(seenByThePage(), seenOfTouches("touchstart mousedown"));
     }
 
     void fingerTapsAlways()
