@@ -194,15 +194,10 @@ private slots:
         page.reset();
     }
 
-    void oneWarningAtATime()
+    void scriptsCauseOneWarningAtATimeAndSendNothing()
     {
         load("/vantu/info/"_s, "<script>for (var i = 0; i < 50; ++i) VANTU.on_SelectButtonClicked(8)</script>");
         QCOMPARE(only<MMessageBox>(window->scene()->items()).size(), 1);
-    }
-
-    void onlyThePlayerSends()
-    {
-        load("/vantu/info/"_s, {});
         page->openSendMessagePage();
         page->addrWidget->addNewUIDAddress("Ann"_s, "p1"_s);
         page->txtMessage->setText("not ready"_s);
