@@ -20,11 +20,6 @@ public:
     }
 };
 
-bool requestsStartPage(const TestService &service)
-{
-    return QTest::qWaitFor([&service] { return !service.urls().isEmpty(); }, 20000);
-}
-
 const QStringList plain{"7"_s, "0"_s};
 
 /// The companion in @p folder, on a system where Qt comes with no plugin for any display.
@@ -152,7 +147,7 @@ private slots:
         QFETCH(QString, game);
         const TestService service;
         Companion process(QStringList(QStringLiteral(COMPANION_PROGRAM)) + plain, {}, game);
-        QVERIFY(requestsStartPage(service));
+        QTRY_VERIFY_WITH_TIMEOUT(!service.urls().isEmpty(), 20000);
         QVERIFY(process.childId() > 0);
         kill(process.childId(), SIGTERM);
         const QByteArray output = process.lastWords(0);
@@ -172,7 +167,7 @@ private slots:
               {{silence}, noBus}}) {
             const TestService service;
             Companion companion(plain, settings);
-            QVERIFY(requestsStartPage(service));
+            QTRY_VERIFY_WITH_TIMEOUT(!service.urls().isEmpty(), 20000);
             companion.sendSignal(SIGTERM);
             QVERIFY2(companion.lastWords(0).startsWith("EnTask\n"), qPrintable(settings.join(QLatin1Char(' '))));
             QCOMPARE(companion.readAllStandardError().count(complaint), 1);
