@@ -15,7 +15,6 @@ private slots:
         loadPage("/vantu/login"_s, "sUserUid = '', iGameId = ''"_s);
         loadPage("/vantu/"_s, "sUserUid = 'p12', iGameId = '7'"_s);
         loadPage("/vantu/friends"_s, "sUserUid = 'p12'"_s);
-        const auto posts = [this] { return service->requests("POST"_s); };
         QTRY_COMPARE(posts().size(), 1);
         loadPage("/vantu/games"_s, "sUserUid = 'p12'"_s);
         QCOMPARE(posts().size(), 1);

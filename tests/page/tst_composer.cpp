@@ -290,8 +290,6 @@ private slots:
     }
 
 private:
-    QList<TestService::Request> posts() const { return service->requests("POST"_s); }
-
     /// Checks that the message composer shows as it was left, and that the next pick, or the page after cancelling,
     /// can be used.
     void composerIsBack(const QStringList &recipients, const QString &text)

@@ -144,6 +144,8 @@ protected:
         return names.join(QLatin1Char(' '));
     }
 
+    QList<TestService::Request> posts() const { return service->requests("POST"_s); }
+
     QString shownUrl() const { return page->webView->url().toString(); }
 
     static QString url(const QString &path) { return QLatin1String(K_SERVICE_ROOT) + path; }
