@@ -241,19 +241,6 @@ private slots:
         QVERIFY(dialog.isOnDisplay());
     }
 
-    void mayBeDestroyedFromItsOwnSignals()
-    {
-        for (const bool byTap : {true, false}) {
-            QPointer<Question> question = new Question;
-            connect(question, &MSceneWindow::disappeared, this, [&question] { delete question; });
-            question->appear(&m_stage->window);
-            QTRY_VERIFY(question->hasAppeared());
-            byTap ? m_stage->finger.tap(question->button("OK")) : QTest::keyClick(&m_stage->window, Qt::Key_Return);
-            QVERIFY(!question);
-            m_stage->finger.tap({5, 5});
-        }
-    }
-
     void nextOneMayAppearFromItsSignals()
     {
         MMessageBox next("Next"_s);
@@ -274,10 +261,8 @@ private slots:
         Question question;
         question.appear(&m_stage->window);
         QVERIFY2(keyboard.isInputPanelVisible(), "a field that has the focus asks for it");
-        keyboard.emitKeyboardRectChanged();
         QVERIFY(question.button("OK")->geometry().bottom() < 407);
         keyboard.hideInputPanel();
-        keyboard.emitInputPanelVisibleChanged();
         QVERIFY(question.button("OK")->geometry().bottom() > 407);
     }
 

@@ -15,11 +15,17 @@ public:
     ~SoftwareKeyboard() override { QInputMethodPrivate::get(QGuiApplication::inputMethod())->testContext = nullptr; }
 
     bool isValid() const override { return true; }
-    void showInputPanel() override { visible = true; }
-    void hideInputPanel() override { visible = false; }
+    void showInputPanel() override { setVisible(true); }
+    void hideInputPanel() override { setVisible(false); }
     bool isInputPanelVisible() const override { return visible; }
 
 private:
+    void setVisible(bool shown)
+    {
+        visible = shown;
+        emitInputPanelVisibleChanged();
+    }
+
     bool visible = false;
 };
 
