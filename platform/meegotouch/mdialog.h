@@ -66,7 +66,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-
     void addButton(const QString &text, void (MDialog::*answer)());
     void finish(int result);
     void paintGlass(QPainter *painter) const;
