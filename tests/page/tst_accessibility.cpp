@@ -296,7 +296,9 @@ private:
     /// What a screen reader does with the field of that name, which has the focus.
     void isWrittenInto(const QString &name) const
     {
-        QAccessibleInterface *field = QAccessible::queryAccessibleInterface(window.get())->focusChild();
+        const QAccessibleInterface *whole = QAccessible::queryAccessibleInterface(window.get());
+        QAccessibleInterface *field = whole->focusChild();
+        QVERIFY(!whole->state().focused);
         QCOMPARE(field->text(QAccessible::Name), name);
         QAccessibleTextInterface *text = field->textInterface();
         field->editableTextInterface()->replaceText(0, text->characterCount(), "one two"_s);

@@ -185,10 +185,14 @@ private slots:
         }
     }
 
-    void contentMayShrinkAnyTime()
+    void contentMayGrowAndShrinkAnyTime()
     {
         Stage stage;
         Panel panel(stage, 30);
+        panel.viewport->setPosition(50);
+        panel.add(QSizeF(145, 40));
+        panel.settle();
+        QCOMPARE(panel.viewport->position(), 50.0);
         panel.viewport->setPosition(1e9);
         QCOMPARE(panel.viewport->position(), panel.contentHeight() - 170);
         stage.dragSlowly(onFirstRow, onThirdRow);
