@@ -61,6 +61,7 @@ private slots:
         const TestPage italian;
         QCOMPARE(italian.popupRecommend.title(), "Consiglia il gioco agli amici tramite"_s);
         QCOMPARE(italian.mdlRecommendModel.stringList(), QStringList({"E-mail"_s, "Twitter"_s, "Facebook"_s}));
+        QCOMPARE(italian.popupRate.title(), "Dai un voto"_s);
         QCOMPARE(italian.mdlRate.stringList(), QStringList({"Consigliato"_s, "Sconsigliato"_s}));
     }
 

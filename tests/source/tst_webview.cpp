@@ -141,17 +141,18 @@ private slots:
         QFETCH(Finger::Kind, kind);
         Finger finger(m_window.get(), kind);
         finger.press({200, 200});
-        finger.move({200, 229});
+        finger.move({229, 229});
         QCOMPARE(moved(), QPoint());
         // Smoothed: 3 * 30 / 4 = 22, then 3 * (22 - 8) / 4 = 10.
-        finger.move({200, 230});
-        finger.move({200, 222});
-        QCOMPARE(moved(), QPoint(0, 22));
+        finger.move({230, 230});
+        finger.move({222, 222});
+        QCOMPARE(moved(), QPoint(22, 22));
         finger.release();
         QVERIFY(m_timer->isActive());
         QCOMPARE(m_timer->interval(), 50);
         m_finger->press({200, 300}); // deliberately does not stop it
         QCOMPARE(coast(), QVector<int>({8, 6, 4, 3, 2, 1, 0}));
+        QCOMPARE(moved(), QPoint(46, 46));
         QTRY_COMPARE(seenByThePage(),
                      kind == Finger::Mouse ? "mousedown mousedown"_s : seenOfTouches("touchstart mousedown mousedown"));
     }
