@@ -112,17 +112,6 @@ private slots:
         QVERIFY(!keyboard.isInputPanelVisible());
     }
 
-    void nothingScrollsIt()
-    {
-        MApplicationWindow window;
-        window.show();
-        window.resize(333, 555);
-        const QPoint origin = window.mapFromScene(0, 0);
-        Finger(&window).wheel({100, 100}, -5);
-        QTest::keyClick(&window, Qt::Key_PageDown);
-        QCOMPARE(window.mapFromScene(0, 0), origin);
-    }
-
     void keysWithNoFocusGoToTheTopmostPage()
     {
         MApplicationWindow window;
