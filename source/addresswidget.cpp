@@ -147,7 +147,6 @@ void AddressWidget::removeRecipient(MButton *button)
 {
     btnGroup->removeButton(button);
     m_policy->removeItem(button);
-    button->setParentItem(nullptr);
     if (button->scene())
         button->scene()->removeItem(button);
     button->deleteLater();

@@ -30,12 +30,13 @@ private slots:
                  "sSubject = 'Spiel für dich', bIsFriend = 1, bShowAdd = 1, bShowEvaluate = 1, iUserId = 'p3',"
                  "sUserName = 'Zoë', sTitle = 'Schöne Spiele', strUserName = 'alice', strPassword = 'p%w',"
                  "blnRememberMe = '1'"_s);
-        const QStringList texts{page->userID,           page->strFriendsMessages, page->recommendGameId,
-                                page->recommendSubject, page->_currentUserUid,    page->_currentUserName,
-                                page->_username,        page->_password,          page->_rememberMe};
-        QCOMPARE(
-            texts,
-            QStringList({"p12"_s, "123"_s, "7"_s, "Spiel für dich"_s, "p3"_s, "Zoë"_s, "alice"_s, "p%w"_s, "1"_s}));
+        const QStringList texts{page->userID,           page->strFriendsMessages, page->strGamesMessages,
+                                page->recommendGameId,  page->recommendSubject,   page->_currentUserUid,
+                                page->_currentUserName, page->_username,          page->_password,
+                                page->_rememberMe};
+        QCOMPARE(texts,
+                 QStringList({"p12"_s, "123"_s, "12"_s, "7"_s, "Spiel für dich"_s, "p3"_s, "Zoë"_s, "alice"_s, "p%w"_s,
+                              "1"_s}));
         QCOMPARE(page->btnInbox->m_badgeNumber, 3);
         QCOMPARE(page->btnGame->m_badgeNumber, 12);
         QCOMPARE(page->btnFriend->m_badgeNumber, 123);

@@ -2,6 +2,7 @@
 #include "portal.h"
 
 #include "mdialog.h"
+#include "mfocusring.h"
 #include "mmessagebox.h"
 
 #include <QNetworkProxy>
@@ -149,6 +150,7 @@ private slots:
         const QString outcome = isBack ? page->addrWidget->getAllAddress().join(QLatin1Char(',')) : "picking"_s;
         QTEST(outcome, "outcome");
         QVERIFY(page->webView->isEnabled());
+        QCOMPARE(page->isInFriendSelectionScreen, !isBack);
     }
 
     void pickingCanFailAndBeLeft()
@@ -184,8 +186,11 @@ private slots:
         service->answer("/vantu/friends"_s, {list});
         press(Qt::Key_Tab);
         QVERIFY(page->btnNewMessage->hasFocus());
-        press(Qt::Key_Tab);
+        click(page->webView);
+        QVERIFY(only<MFocusRing>(page->webView->childItems()).isEmpty());
         press(Qt::Key_Tab); // in the page, to its link
+        QVERIFY(evaluate("document.hasFocus()"_s).toBool());
+        QVERIFY(!only<MFocusRing>(page->webView->childItems()).isEmpty());
         waitForLoad([&] { press(Qt::Key_Return); });
         QCOMPARE(shownUrl(), url(conversation));
         press(Qt::Key_Backtab);
@@ -199,7 +204,8 @@ private slots:
         press(Qt::Key_Return);
         QVERIFY(page->isPickingFriend && page->webView->hasFocus());
         QTRY_VERIFY(!isLoading());
-        press(Qt::Key_Up); // round to the last
+        for (int i = 0; i < 3; ++i)
+            press(Qt::Key_Up); // round to the last, to the first, and round again
         press(Qt::Key_Return);
         QTRY_COMPARE(page->addrWidget->getAllAddress(), QStringList("p3"_s));
 
@@ -256,6 +262,8 @@ private slots:
         service->answer("/vantu/games"_s, {TestService::page(countClicks, "games"_s)});
         waitForLoad([this] {
             page->on_UserRecommend(page->mdlRecommendModel.index(0));
+            QCOMPARE(page->lblWebTitle->text(), "Send Message"_s);
+            QCOMPARE(page->lblWebTitle->color(), QColor(Qt::black));
             QTRY_VERIFY(isLoading());
             QVERIFY(!page->btnCancel->isVisible());
             QTRY_VERIFY(page->btnCancel->isVisible() && page->btnSend->isVisible());

@@ -13,11 +13,12 @@ class LifecycleTest : public PortalTest {
 private slots:
     void noWhiteSheetBeforeTheFirstPage()
     {
-        service->answer("/vantu/"_s, {{}, 200, {}, 500});
+        service->answer("/vantu/"_s, {"<body bgcolor='red'>", 200, {}, 500});
         page = std::make_unique<TestPage>();
         page->appear(window.get(), MSceneWindow::KeepWhenDone);
         QTRY_COMPARE(service->requests().size(), 1);
         QTRY_VERIFY(window->grab().toImage().pixelColor(240, 100) != Qt::white);
+        QTRY_COMPARE(window->grab().toImage().pixelColor(240, 100), QColor(Qt::red));
     }
 
     void chromeDuringAndAfterALoad()
@@ -44,7 +45,7 @@ private slots:
             service->isSilent = true;
             QVERIFY(!waitForLoad([this] { page->on_ToggleButtonClicked(3); }));
             QCOMPARE(shown(), "quit web tabs"_s);
-            QVERIFY(!isLoading());
+            QVERIFY(!isLoading() && !page->webView->history()->canGoBack());
             QCOMPARE(page->lblWebTitle->text(), "Friends"_s);
             QCOMPARE(page->webView->page()->mainFrame()->toPlainText(), QString());
 

@@ -137,7 +137,7 @@ private slots:
         chmod(QFile::encodeName(m_folder->path()).constData(), static_cast<mode_t>(folder));
         {
             const auto user = laidDownRights();
-            store(path("link"), "new");
+            QCOMPARE(store(path("link"), "new"), file == 0666);
         }
         chmod(QFile::encodeName(m_folder->path()).constData(), 0700);
         QTEST(stored(path()), "afterwards");

@@ -10,7 +10,7 @@ public:
         VantuPage::_rememberMe, VantuPage::_showAdd, VantuPage::_showRate, VantuPage::_username,
         VantuPage::gestureEvent, VantuPage::isInFriendSelectionScreen, VantuPage::isPickingFriend, VantuPage::oldURL,
         VantuPage::recommendGameId, VantuPage::recommendSubject, VantuPage::state, VantuPage::strFriendsMessages,
-        VantuPage::strInboxMessages, VantuPage::userID;
+        VantuPage::strGamesMessages, VantuPage::strInboxMessages, VantuPage::userID;
     using VantuPage::addrWidget, VantuPage::lblSubject, VantuPage::lblWebTitle, VantuPage::nwAccessMgr,
         VantuPage::progressIndicator, VantuPage::selectButtons, VantuPage::toggleButtons, VantuPage::txtMessage,
         VantuPage::webView;
