@@ -145,7 +145,6 @@ void VantuPage::finishFailedLoad()
     }
     btnCancel->show();
     btnSend->show();
-    wayOutTimer.stop();
     if (state == SendMessageState)
         bringComposerBack();
 }
@@ -171,7 +170,6 @@ void VantuPage::finishLoad(const QString &url)
         finishLoadUnderMessage(url);
         return;
     }
-    wayOutTimer.stop();
     if (const std::optional<Tab> section = sectionOf(url))
         button(*section)->setChecked(true);
     updateButtonVisible();

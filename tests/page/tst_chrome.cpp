@@ -47,6 +47,7 @@ private slots:
         for (int id = 0; id < 10; ++id) {
             MButton *button = page->selectButtons->button(id);
             button->show();
+            QVERIFY(!QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name).isEmpty());
             const QRectF title = page->lblWebTitle->mapRectToScene(page->lblWebTitle->contentsRect());
             QVERIFY(title.isValid() && !title.intersects(button->geometry()));
         }
@@ -70,12 +71,16 @@ private slots:
 
     void popupsHoldTheirRows()
     {
+        const auto rows = [](const MPopupList &popup) {
+            const auto *model = qobject_cast<const QStringListModel *>(popup.itemModel());
+            return model ? model->stringList() : QStringList();
+        };
         g_languageIdx = 3;
         const TestPage italian;
         QCOMPARE(italian.popupRecommend.title(), "Consiglia il gioco agli amici tramite"_s);
-        QCOMPARE(italian.mdlRecommendModel.stringList(), QStringList({"E-mail"_s, "Twitter"_s, "Facebook"_s}));
+        QCOMPARE(rows(italian.popupRecommend), QStringList({"E-mail"_s, "Twitter"_s, "Facebook"_s}));
         QCOMPARE(italian.popupRate.title(), "Dai un voto"_s);
-        QCOMPARE(italian.mdlRate.stringList(), QStringList({"Consigliato"_s, "Sconsigliato"_s}));
+        QCOMPARE(rows(italian.popupRate), QStringList({"Consigliato"_s, "Sconsigliato"_s}));
     }
 
     void backgroundFollowsTheState()

@@ -65,9 +65,11 @@ private slots:
         QTRY_VERIFY(page->popupInteract.isVisible());
         QCOMPARE(page->popupInteract.title(), "Interact"_s);
         QCOMPARE(page->mdlInteractModel.stringList(), interactRows(true, true));
+        loadPage("/vantu/info/"_s);
+        QTRY_VERIFY(!page->popupInteract.isVisible());
     }
 
-    void menuRowsLoadTheirLinks()
+    void rowsAndCommandsLoadTheirLinks()
     {
         for (const auto &[row, path] : {std::pair("Delete Friend", "/vantu/friends/delete-friend/uid/p3"),
                                         {"Add as friend", "/vantu/account/add-friend/uid/p3"},
@@ -81,6 +83,18 @@ private slots:
             QTRY_VERIFY(!isLoading());
             service->forget();
         }
+        for (const auto &[command, path] : {std::pair(1, "/vantu/info/"), {6, "/vantu/friends/add-friends/"}}) {
+            page->on_SelectButtonClicked(command);
+            QTRY_VERIFY2(service->urls().value(0) == url(QLatin1String(path)), path);
+            QTRY_VERIFY(!isLoading());
+            service->forget();
+        }
+        page->_currentUserName = "Ann"_s;
+        const QStringListModel model({"Rate"_s, "Send Message"_s});
+        page->on_UserInteract(model.index(0));
+        QTRY_VERIFY(page->popupRate.isVisible());
+        page->on_UserInteract(model.index(1));
+        QCOMPARE(page->addrWidget->getAllAddress(), QStringList("p3"_s));
     }
 
     void twitterAndFacebook()

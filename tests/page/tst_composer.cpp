@@ -72,6 +72,7 @@ private slots:
         QVERIFY(post.body.startsWith("user_id[]=p3&user_id[]=p4&message="));
         QCOMPARE(QUrl::fromPercentEncoding(post.body.mid(post.body.indexOf("message=") + 8)), "1+1=2 & ½\nça va?"_s);
         QVERIFY(post.cookie.isEmpty());
+        QCOMPARE(post.contentType, QByteArray("application/x-www-form-urlencoded"));
     }
 
     void postsGoOutOnceAndAreGivenUp()

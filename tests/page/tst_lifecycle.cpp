@@ -23,7 +23,7 @@ private slots:
 
     void chromeDuringAndAfterALoad()
     {
-        service->answer("/vantu/games"_s, {TestService::page({}), 200, {}, 300});
+        service->answer("/vantu/games"_s, {TestService::page({}, "<p style='height: 2000px'>"_s), 200, {}, 300});
         waitForLoad([this] {
             page->webView->setUrl(QUrl(url("/vantu/games"_s)));
             QTRY_VERIFY(isLoading());
@@ -32,6 +32,7 @@ private slots:
         QVERIFY(!isLoading());
         QCOMPARE(shown(), "web tabs"_s);
         QCOMPARE(page->webView->zoomFactor(), 1.5);
+        QCOMPARE(page->webView->page()->mainFrame()->scrollPosition(), QPoint(0, 1));
         QCOMPARE(page->webView->palette().color(QPalette::Window), QColor(Qt::white));
     }
 
