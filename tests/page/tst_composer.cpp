@@ -72,7 +72,6 @@ private slots:
         QVERIFY(post.body.startsWith("user_id[]=p3&user_id[]=p4&message="));
         QCOMPARE(QUrl::fromPercentEncoding(post.body.mid(post.body.indexOf("message=") + 8)), "1+1=2 & ½\nça va?"_s);
         QVERIFY(post.cookie.isEmpty());
-        QCOMPARE(post.contentType, QByteArray("application/x-www-form-urlencoded"));
     }
 
     void postsGoOutOnceAndAreGivenUp()
@@ -195,7 +194,7 @@ private slots:
         waitForLoad([&] { press(Qt::Key_Return); });
         QCOMPARE(shownUrl(), url(conversation));
         press(Qt::Key_Backtab);
-        QVERIFY(page->btnNewMessage->hasFocus());
+        QVERIFY(page->btnNewMessage->hasFocus() && !evaluate("document.hasFocus()"_s).toBool());
         press(Qt::Key_Return);
         QCOMPARE(page->state, SendMessageState);
         QTest::keyClicks(window.get(), "Hi"_s);
