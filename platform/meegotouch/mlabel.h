@@ -27,6 +27,7 @@ public:
     /// An invalid colour brings back the default one.
     void setColor(const QColor &color);
 
+    Qt::Alignment alignment() const { return m_alignment; }
     void setAlignment(Qt::Alignment alignment);
 
     void setWordWrap(bool wrap);

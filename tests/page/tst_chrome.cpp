@@ -2,7 +2,6 @@
 #include "portal.h"
 #include "softwarekeyboard.h"
 
-#include <QBitmap>
 #include <QWebPage>
 
 class ChromeTest : public PortalTest {
@@ -35,15 +34,7 @@ private slots:
         };
         for (const auto &[widget, place] : places)
             QCOMPARE(widget->mapRectToScene(widget->rect()), place);
-        page->showTitle("HOH"_s);
-        QImage title(352, 58, QImage::Format_RGB32);
-        title.fill(Qt::black);
-        QPainter painter(&title);
-        page->lblWebTitle->paint(&painter, nullptr, nullptr);
-        const QImage letters = title.createMaskFromColor(qRgb(255, 255, 255), Qt::MaskOutColor);
-        const QPoint middle = page->lblWebTitle->contentsRect().center().toPoint();
-        const QPoint off = QRegion(QBitmap::fromImage(letters)).boundingRect().center() - middle;
-        QVERIFY2(off.manhattanLength() <= 4, qPrintable("%1 %2"_s.arg(off.x()).arg(off.y())));
+        QCOMPARE(page->lblWebTitle->alignment(), Qt::Alignment(Qt::AlignCenter));
         for (int id = 0; id < 10; ++id) {
             MButton *button = page->selectButtons->button(id);
             button->show();
