@@ -45,6 +45,7 @@ private slots:
         // A long title takes a second line.
         page->showTitle("Player of the month "_s.repeated(3));
         QVERIFY(page->lblWebTitle->effectiveSizeHint(Qt::PreferredSize, QSizeF(260, -1)).height() > 40);
+        QCOMPARE(page->txtMessage->focusPolicy(), Qt::ClickFocus);
         QCOMPARE(page->selectButtons->button(9), page->btnEdit);
         QCOMPARE(page->toggleButtons->button(3), page->btnGame);
     }

@@ -292,6 +292,12 @@ private slots:
         QCOMPARE(shownUrl(), url("/vantu/games"_s));
         QCOMPARE(shown(), "web tabs"_s);
         QCOMPARE(page->lblWebTitle->color(), QColor(Qt::white));
+        // The page hears taps again, also where a script has opened the other composer over this one.
+        page->openSendEmailPage();
+        page->openSendMessagePage();
+        page->oldURL = url("/vantu/games"_s);
+        waitForLoad([this] { page->on_SelectButtonClicked(7); });
+        QTRY_COMPARE(shown(), "web tabs"_s);
         waitUntilDrawn();
         click(page->webView);
         QTRY_COMPARE(evaluate("clicks"_s).toInt(), 1);
