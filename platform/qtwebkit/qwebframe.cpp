@@ -6,6 +6,20 @@
 #include <QWebEngineHttpRequest>
 #include <QWebEngineScript>
 
+namespace {
+
+/// Scrolls by so many of the page's pixels. The engine stops at whole pixels of the screen, and cuts off what is beyond
+/// one: that is kept for the next step, or the page would fall behind a slow finger.
+constexpr char scrollScript[] = R"((x, y) => {
+    const isNear = self.place && Math.abs(place.x - scrollX) < 1 && Math.abs(place.y - scrollY) < 1;
+    const from = isNear ? place : {x: scrollX, y: scrollY};
+    self.place = {x: from.x + x, y: from.y + y};
+    const whole = (length) => (Math.round(length * devicePixelRatio) + 0.25) / devicePixelRatio;
+    scrollTo({left: whole(place.x), top: whole(place.y), behavior: 'instant'});
+})";
+
+} // namespace
+
 QWebFrame::QWebFrame(EnginePage &engine)
     : m_engine(engine)
 {
@@ -71,7 +85,7 @@ void QWebFrame::setScrollPosition(const QPoint &position)
 void QWebFrame::scroll(int x, int y)
 {
     const QPointF step = QPointF(x, y) / m_engine.viewZoom();
-    m_engine.tell(QStringLiteral("scrollBy({left: %1, top: %2, behavior: 'instant'})").arg(step.x()).arg(step.y()));
+    m_engine.tell(QStringLiteral("(%1)(%2, %3)").arg(QLatin1String(scrollScript)).arg(step.x()).arg(step.y()));
 }
 
 QSize QWebFrame::contentsSize() const

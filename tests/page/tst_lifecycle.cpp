@@ -32,12 +32,18 @@ private slots:
         QVERIFY(!isLoading());
         QCOMPARE(shown(), "web tabs"_s);
         QCOMPARE(page->webView->zoomFactor(), 1.5);
-        QCOMPARE(page->webView->page()->mainFrame()->scrollPosition(), QPoint(0, 1));
+        QWebFrame *frame = page->webView->page()->mainFrame();
+        QTRY_COMPARE(frame->scrollPosition(), QPoint(0, 1));
+        // The page keeps up with a slow finger, whatever its pixels are on the screen.
+        for (int i = 0; i < 60; ++i)
+            frame->scroll(0, 1);
+        QTRY_VERIFY(qAbs(frame->scrollPosition().y() - 61) <= 1);
         QCOMPARE(page->webView->palette().color(QPalette::Window), QColor(Qt::white));
     }
 
     void failedLoadLeavesAWayOut()
     {
+        constexpr bool errorsAreEntries = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
         for (const bool byKey : {false, true}) {
             service->isSilent = false;
@@ -46,7 +52,8 @@ private slots:
             service->isSilent = true;
             QVERIFY(!waitForLoad([this] { page->on_ToggleButtonClicked(3); }));
             QCOMPARE(shown(), "quit web tabs"_s);
-            QVERIFY(!isLoading() && !page->webView->history()->canGoBack());
+            QVERIFY(!isLoading());
+            QCOMPARE(page->webView->history()->canGoBack(), errorsAreEntries);
             QCOMPARE(page->lblWebTitle->text(), "Friends"_s);
             QCOMPARE(page->webView->page()->mainFrame()->toPlainText(), QString());
 
