@@ -204,8 +204,9 @@ private slots:
         press(Qt::Key_Return);
         QVERIFY(page->isPickingFriend && page->webView->hasFocus());
         QTRY_VERIFY(!isLoading());
-        for (int i = 0; i < 3; ++i)
-            press(Qt::Key_Up); // round to the last, to the first, and round again
+        // Round to the last, and where the engine tells the page's end at once, to the first and round again.
+        for (int i = 0; i < (QT_VERSION < QT_VERSION_CHECK(6, 0, 0) ? 3 : 1); ++i)
+            press(Qt::Key_Up);
         press(Qt::Key_Return);
         QTRY_COMPARE(page->addrWidget->getAllAddress(), QStringList("p3"_s));
 
