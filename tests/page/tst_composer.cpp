@@ -179,14 +179,16 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
         const QString inbox = "/vantu/messages/index"_s;
         const QString conversation = inbox + "/uid/p3"_s;
-        loadPage(inbox, {}, "<a href='%1'>Ann</a>"_s.arg(conversation));
+        loadPage(inbox, countClicks, "<a href='%1'>Ann</a>"_s.arg(conversation));
         service->answer(conversation, {TestService::page({}, "<p style='height: 2000px'>"_s)});
         service->answer(annsProfile, {TestService::page(ann)});
         const QByteArray list = "<a href='/vantu/info/'>x</a><br><a href='/vantu/account/index/uid/p3'>Ann</a>";
         service->answer("/vantu/friends"_s, {list});
         press(Qt::Key_Tab);
         QVERIFY(page->btnNewMessage->hasFocus());
+        waitUntilDrawn();
         click(page->webView);
+        QTRY_COMPARE(evaluate("clicks"_s).toInt(), 1);
         QVERIFY(only<MFocusRing>(page->webView->childItems()).isEmpty());
         press(Qt::Key_Tab); // in the page, to its link
         QVERIFY(evaluate("document.hasFocus()"_s).toBool());
