@@ -27,7 +27,8 @@ MPositionBar::MPositionBar(QGraphicsItem *parent)
 
 void MPositionBar::show(const QRectF &view, qreal contentHeight, qreal position)
 {
-    if (contentHeight <= view.height()) {
+    constexpr qreal rounding = 2; // of a page's height, which its engine knows in pixels of the page
+    if (contentHeight < view.height() + rounding) {
         m_fade.stop();
         hide();
         return;
