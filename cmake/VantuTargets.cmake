@@ -28,12 +28,19 @@ function(vantu_qt_target target)
         QT_DEPRECATED_WARNINGS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
 endfunction()
 
+# The same for what the companion is made of. It throws no exceptions: without what they need to pass through, the
+# optimised program is a sixth smaller, and takes less memory by that.
+function(vantu_companion_target target)
+    vantu_qt_target(${target})
+    target_compile_options(${target} PRIVATE $<$<CONFIG:MinSizeRel>:-fno-exceptions;-fno-asynchronous-unwind-tables>)
+endfunction()
+
 # What is fixed when the companion is built, as an object file that each executable picks, so that one build tree holds
 # companions of several services.
 #   vantu_deployment(name SERVICE_ROOT LOGIN_FILE)
 function(vantu_deployment name service_root login_file)
     add_library(${name} OBJECT ${PROJECT_SOURCE_DIR}/source/deployment.cpp)
-    vantu_qt_target(${name})
+    vantu_companion_target(${name})
     target_compile_definitions(${name} PRIVATE VANTU_SERVICE_ROOT="${service_root}" VANTU_LOGIN_FILE="${login_file}")
     target_link_libraries(${name} PUBLIC vantu_rules)
 endfunction()

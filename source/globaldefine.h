@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdlib>
 #include <QLatin1String>
 #include <QString>
 
@@ -76,7 +77,7 @@ template <std::size_t Width, std::size_t... Sizes> constexpr TextTable<Width> te
     const auto fill = [&table, &row](const char16_t *phrase) {
         for (std::size_t i = 0; phrase[i] != u'\0'; ++i) {
             if (phrase[i] > 0xFF)
-                throw "a text holds a character outside Latin-1";
+                std::abort(); // no constant: a text holds a character outside Latin-1
             table.rows[row][i] = static_cast<char>(phrase[i]);
         }
         ++row;
