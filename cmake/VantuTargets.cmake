@@ -29,7 +29,7 @@ function(vantu_qt_target target)
 endfunction()
 
 # The same for what the companion is made of. It throws no exceptions: without what they need to pass through, the
-# optimised program is a sixth smaller, and takes less memory by that.
+# optimised program is a sixth smaller.
 function(vantu_companion_target target)
     vantu_qt_target(${target})
     target_compile_options(${target} PRIVATE $<$<CONFIG:MinSizeRel>:-fno-exceptions;-fno-asynchronous-unwind-tables>)
